@@ -1,0 +1,14 @@
+# One interface target that every own target links: warnings as errors, sanitizers when asked for.
+add_library(velmo_options INTERFACE)
+target_compile_options(velmo_options INTERFACE
+    -Wall -Wextra -Wshadow -Wconversion -Wnon-virtual-dtor -Werror)
+if(VELMO_SANITIZE)
+    set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(velmo_options INTERFACE ${sanitizers})
+    target_link_options(velmo_options INTERFACE ${sanitizers})
+endif()
+if(WIN32)
+    target_compile_definitions(velmo_options INTERFACE
+        UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0A00)
+endif()
+target_include_directories(velmo_options INTERFACE ${PROJECT_SOURCE_DIR}/src)

@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# Builds the static wxWidgets for Windows that the "windows" preset links, once, from Debian's own source package.
+#
+#   cmake/build-wx-windows.sh           builds when needed (about 8 minutes on 2 cores), else returns at once
+#   cmake/build-wx-windows.sh --where   prints the folder and does nothing
+#
+# The result lives outside the tree, in ${VELMO_CACHE:-~/.cache/velmo}, under a name made of the wxWidgets version and
+# of everything here that shapes it, so that a change of an option builds anew and an old build is never taken for it.
+set -euo pipefail
+
+host=x86_64-w64-mingw32
+options=(
+    --host=$host --disable-shared --without-libpng --without-libjpeg --without-libtiff --without-zlib --without-expat
+    --without-regex --disable-xrc --disable-richtext --disable-stc --disable-ribbon --disable-propgrid --disable-aui
+    --disable-mediactrl --disable-svg --disable-html --enable-webview --disable-debug_flag
+)
+flags="-Os -g0"
+
+# The headers that the native build uses name the version: both builds are of one wxWidgets.
+version=$(dpkg-query -W -f '${Version}' libwxgtk3.2-dev)
+key=$(printf '%s\n' "$version" "${options[@]}" "$flags" | sha256sum | cut -c1-12)
+prefix=${VELMO_CACHE:-$HOME/.cache/velmo}/wxwidgets-windows-${version%%+*}-$key
+
+if [ "${1:-}" = --where ]; then echo "$prefix"; exit 0; fi
+if [ -x "$prefix/bin/wx-config" ]; then exit 0; fi
+
+echo "Building wxWidgets $version for Windows into $prefix (once, about 8 minutes) ..."
+mkdir -p "$prefix.work"
+work=$(cd "$prefix.work" && pwd)
+log=$work/build.log
+trap 'status=$?; [ $status -eq 0 ] || { echo "wxWidgets for Windows failed; the end of $log:"; tail -n 30 "$log"; } >&2' EXIT
+
+# A private list of sources: the machine's own apt configuration stays as it is.
+sources=$work/apt
+mkdir -p "$sources/lists/partial" "$sources/parts"
+for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
+    if [ -f "$file" ]; then sed -n 's/^deb /deb-src /p' "$file"; fi
+done > "$sources/parts/velmo.list"
+for file in /etc/apt/sources.list.d/*.sources; do
+    if [ -f "$file" ]; then sed 's/^Types:.*/Types: deb-src/' "$file"; echo; fi
+done > "$sources/parts/velmo.sources"
+private=(-o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$sources/parts"
+         -o Dir::State::lists="$sources/lists" -o APT::Sandbox::User=root)
+{
+    apt-get "${private[@]}" update
+    cd "$work"
+    apt-get "${private[@]}" source --download-only "wxwidgets3.2=$version"
+    rm -rf source build
+    mkdir source build
+    tar -xf wxwidgets3.2_*.orig.tar.* -C source --strip-components=1
+    cd build
+    ../source/configure --prefix="$prefix.new" "${options[@]}" \
+        CC=$host-gcc-posix CXX=$host-g++-posix CXXFLAGS="$flags" CFLAGS="$flags"
+    make -j"$(nproc)"
+    rm -rf "$prefix.new"
+    make install
+} > "$log" 2>&1
+# wx-config carries its prefix inside: rewrite it to the final place, then let that appear in one step.
+grep -rlIF "$prefix.new" "$prefix.new/bin" "$prefix.new/lib" | xargs -r sed -i "s|$prefix\.new|$prefix|g"
+rm -rf "$prefix"
+mv "$prefix.new" "$prefix"
+rm -rf "$work"

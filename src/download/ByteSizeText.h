@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace velmo
+{
+
+/// A count of bytes as people read it: "999 Bytes", "1 KB", "1.4 MB", "2.00 GB". The thresholds are
+/// decimal, the divisors binary: 1000 bytes read "1 KB". What is no count reads "0 Bytes".
+[[nodiscard]] std::string ByteSizeText(double bytes);
+
+} // namespace velmo

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/Result.h"
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/**
+    Files and folders. Paths are Windows paths ("C:\Velmo\Common\x.ini") on every system; the native
+    build keeps them below the desktop root (DesktopFolders.h), case-insensitively, and takes a path
+    that starts with "/" as one of its own system. Relative paths are relative to the current folder
+    (native: to drive C:'s root). Any thread.
+
+    Error codes are Windows' numbers: 2 file missing, 3 folder missing, 5 refused, 32 in use,
+    112 disk full.
+ */
+namespace velmo::platform::MFile
+{
+
+using Time = std::chrono::system_clock::time_point;
+
+/// True for an existing file. An empty path or one that ends in ":" is no file, nor is a folder.
+[[nodiscard]] bool FileExists(std::string_view path);
+
+/// True for an existing folder; a trailing "\" does not matter.
+[[nodiscard]] bool FolderExists(std::string_view path);
+
+/// When the file was last written. Error 2 or 3 when there is none.
+[[nodiscard]] Result<Time> ModificationTime(std::string_view path);
+
+/// Sets when the file was last written.
+Result<Done> SetModificationTime(std::string_view path, Time time);
+
+/// The absolute form of a path, as GetFullPathName forms it; empty when it has none.
+[[nodiscard]] std::string FullPath(std::string_view path);
+
+/// A path that a person typed on the command line, as these functions take it: on Windows as it is,
+/// natively a path of the system becomes absolute and a Windows path ("C:\...") stays.
+[[nodiscard]] std::string FromCommandLine(std::string_view argument);
+
+/// All bytes of a file that other programs may have open. A file of more than @a most bytes is
+/// error 223 (too large) and is not read.
+[[nodiscard]] Result<std::string> ReadAll(std::string_view path, std::uint64_t most = 1U << 30);
+
+/// Writes the file as a whole: a new file beside it first, then in its place, so that a failure
+/// leaves the old one as it was.
+Result<Done> WriteAll(std::string_view path, std::string_view bytes);
+
+/// Adds bytes at the file's end, creating it when needed.
+Result<Done> Append(std::string_view path, std::string_view bytes);
+
+/// Deletes the file when it exists; a missing file is no error.
+Result<Done> DeleteIfExists(std::string_view path);
+
+/// Gives a file another name in the same folder, replacing a file of that name.
+Result<Done> Rename(std::string_view from, std::string_view to);
+
+/// Creates the folder and those above it; an existing folder is no error.
+Result<Done> CreateFolders(std::string_view path);
+
+/// Removes an empty folder; a missing one is no error.
+Result<Done> RemoveFolder(std::string_view path);
+
+/// Names (no paths) of the files in a folder, in no particular order; sub-folders are left out.
+[[nodiscard]] std::vector<std::string> FileNames(std::string_view folder);
+
+} // namespace velmo::platform::MFile

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/**
+    The private-profile functions: values by file, section and key in files of the form
+
+        [Section]
+        Key=Value
+
+    Windows' own there; the native body keeps the same rules (blanks round names and values dropped,
+    one pair of outer quotes stripped from a value, ";" at a line's start is a comment, names without
+    regard to case, the first of equal names wins) and changes no line but the one that is written.
+    A file name without a folder means the Windows directory. Text is UTF-8 here, ANSI (or UTF-16 with
+    a byte-order mark) in the file. Any thread; writes are atomic.
+ */
+namespace velmo::platform
+{
+
+/// The value, cut to @a bufferSize - 1 characters; @a defaultText (trailing blanks cut) when the file,
+/// the section or the key is missing.
+[[nodiscard]] std::string GetPrivateProfileText(std::string_view section, std::string_view key,
+                                                std::string_view defaultText,
+                                                std::size_t bufferSize, std::string_view file);
+
+/// The section's lines without comments and empty lines, each ended by a NUL, blanks trimmed; cut to
+/// @a bufferSize - 2 characters. Empty when there is none.
+[[nodiscard]] std::string GetPrivateProfileSectionBlock(std::string_view section,
+                                                        std::size_t bufferSize,
+                                                        std::string_view file);
+
+/// Writes a value; without a value deletes the key; without a key deletes the section. Creates the
+/// file but no folder. False when that failed, and for a CR, LF or NUL in a name or value, which
+/// would become lines of their own.
+bool WritePrivateProfileText(std::string_view section, std::optional<std::string_view> key,
+                             std::optional<std::string_view> value, std::string_view file);
+
+/// Replaces the section's lines by those of @a block (each ended by a NUL; CR and LF are refused).
+bool WritePrivateProfileSectionBlock(std::string_view section, std::string_view block,
+                                     std::string_view file);
+
+/// The system's reason for the last failed write on this thread, as a sentence.
+[[nodiscard]] std::string LastProfileFailure();
+
+} // namespace velmo::platform

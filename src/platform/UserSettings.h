@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/Result.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/**
+    Per-user settings by application, section and key, shared with the vendor's other programs:
+    on Windows the registry key `Software\VB and VBA Program Settings\<application>\<section>` of the
+    current user, in the native build the file `user-settings.ini` in the desktop root. Names are
+    compared without regard to case. Values are text; blanks and quotes survive. Any thread.
+ */
+namespace velmo::platform
+{
+
+/// The value, or nothing when it is absent or no text.
+[[nodiscard]] std::optional<std::string> ReadUserSetting(std::string_view application,
+                                                         std::string_view section,
+                                                         std::string_view key);
+
+Result<Done> WriteUserSetting(std::string_view application, std::string_view section,
+                              std::string_view key, std::string_view value);
+
+/// Removes one value; an absent one is no error.
+Result<Done> DeleteUserSetting(std::string_view application, std::string_view section,
+                               std::string_view key);
+
+} // namespace velmo::platform
