@@ -1,0 +1,24 @@
+#include "platform/UserLocale.h"
+
+#include <langinfo.h>
+#include <locale.h>
+
+#include <string_view>
+
+namespace velmo::platform
+{
+
+char DecimalMark()
+{
+    const locale_t user = newlocale(LC_NUMERIC_MASK, "", nullptr);
+    if (user == nullptr)
+    {
+        return '.';
+    }
+    const std::string_view mark = nl_langinfo_l(RADIXCHAR, user);
+    const char first = mark.size() == 1 ? mark.front() : '.';
+    freelocale(user);
+    return first;
+}
+
+} // namespace velmo::platform

@@ -1,0 +1,229 @@
+#include "platform/MFile.h"
+
+#include "platform/windows/WideText.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <atomic>
+
+namespace velmo::platform::MFile
+{
+namespace
+{
+
+/// Closes a handle at the scope's end.
+class File
+{
+  public:
+    File(const std::wstring& path, DWORD access, DWORD creation)
+        : m_handle(CreateFileW(path.c_str(), access,
+                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                               creation, FILE_ATTRIBUTE_NORMAL, nullptr))
+    {}
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+    ~File()
+    {
+        if (IsOpen())
+        {
+            CloseHandle(m_handle);
+        }
+    }
+
+    [[nodiscard]] bool IsOpen() const { return m_handle != INVALID_HANDLE_VALUE; }
+    [[nodiscard]] HANDLE Handle() const { return m_handle; }
+
+    [[nodiscard]] bool Write(std::string_view bytes) const
+    {
+        constexpr std::size_t kMostAtOnce = 1U << 30;
+        while (!bytes.empty())
+        {
+            DWORD n = 0;
+            const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
+            if (!WriteFile(m_handle, bytes.data(), wanted, &n, nullptr))
+            {
+                return false;
+            }
+            bytes.remove_prefix(n);
+        }
+        return true;
+    }
+
+  private:
+    HANDLE m_handle;
+};
+
+/// File times count 100 ns from 1601; the system clock counts from 1970.
+using FileTicks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
+constexpr FileTicks kEpoch{116'444'736'000'000'000};
+
+Result<Done> DoneOr(bool succeeded)
+{
+    return succeeded ? Result<Done>(Done{}) : LastSystemError();
+}
+
+/// Like DoneOr(), but there being nothing at the path is fine too.
+Result<Done> DoneOrMissing(bool succeeded)
+{
+    const DWORD error = succeeded ? ERROR_SUCCESS : GetLastError();
+    const bool fine =
+        error == ERROR_SUCCESS || error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+    return fine ? Result<Done>(Done{}) : SystemError(error);
+}
+
+DWORD Attributes(std::string_view path)
+{
+    return GetFileAttributesW(Wide(path).c_str());
+}
+
+std::wstring TemporaryName(const std::wstring& path)
+{
+    static std::atomic<unsigned> count = 0;
+    return path + L".new-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+           std::to_wstring(++count);
+}
+
+bool WriteNewFile(const std::wstring& path, std::string_view bytes)
+{
+    const File file(path, GENERIC_WRITE, CREATE_NEW);
+    return file.IsOpen() && file.Write(bytes) && FlushFileBuffers(file.Handle()) != FALSE;
+}
+
+} // namespace
+
+bool FileExists(std::string_view path)
+{
+    if (path.empty() || path.back() == ':' || path.back() == '\\' || path.back() == '/')
+    {
+        return false;
+    }
+    const DWORD attributes = Attributes(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool FolderExists(std::string_view path)
+{
+    const DWORD attributes = path.empty() ? INVALID_FILE_ATTRIBUTES : Attributes(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+Result<Time> ModificationTime(std::string_view path)
+{
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!GetFileAttributesExW(Wide(path).c_str(), GetFileExInfoStandard, &data))
+    {
+        return LastSystemError();
+    }
+    const std::uint64_t ticks = (std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32) |
+                                data.ftLastWriteTime.dwLowDateTime;
+    return Time(std::chrono::duration_cast<Time::duration>(
+        FileTicks(static_cast<std::int64_t>(ticks)) - kEpoch));
+}
+
+Result<Done> SetModificationTime(std::string_view path, Time time)
+{
+    const File file(Wide(path), FILE_WRITE_ATTRIBUTES, OPEN_EXISTING);
+    const auto ticks = static_cast<std::uint64_t>(
+        (std::chrono::duration_cast<FileTicks>(time.time_since_epoch()) + kEpoch).count());
+    const FILETIME written{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+    return DoneOr(file.IsOpen() && SetFileTime(file.Handle(), nullptr, nullptr, &written));
+}
+
+std::string FullPath(std::string_view path)
+{
+    if (path.empty() || path.find('\0') != std::string_view::npos)
+    {
+        return {};
+    }
+    const std::wstring wide = Wide(path);
+    const DWORD size = GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
+    std::wstring full(size, L'\0');
+    full.resize(GetFullPathNameW(wide.c_str(), size, full.data(), nullptr));
+    return Narrow(full);
+}
+
+std::string FromCommandLine(std::string_view argument)
+{
+    return std::string(argument);
+}
+
+Result<Done> WriteAll(std::string_view path, std::string_view bytes)
+{
+    const std::wstring target = Wide(path);
+    const std::wstring temporary = TemporaryName(target);
+    if (WriteNewFile(temporary, bytes) &&
+        MoveFileExW(temporary.c_str(), target.c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    {
+        return Done{};
+    }
+    Error error = LastSystemError();
+    DeleteFileW(temporary.c_str());
+    return error;
+}
+
+Result<Done> Append(std::string_view path, std::string_view bytes)
+{
+    const File file(Wide(path), FILE_APPEND_DATA, OPEN_ALWAYS);
+    return DoneOr(file.IsOpen() && file.Write(bytes));
+}
+
+Result<Done> DeleteIfExists(std::string_view path)
+{
+    return DoneOrMissing(DeleteFileW(Wide(path).c_str()) != FALSE);
+}
+
+Result<Done> Rename(std::string_view from, std::string_view to)
+{
+    return DoneOr(MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), MOVEFILE_REPLACE_EXISTING) !=
+                  FALSE);
+}
+
+Result<Done> CreateFolders(std::string_view path)
+{
+    if (FolderExists(path))
+    {
+        return Done{};
+    }
+    const std::string full = FullPath(path);
+    constexpr std::size_t kAfterDrive = 3;
+    DWORD error = ERROR_INVALID_NAME;
+    for (std::size_t end = kAfterDrive; end <= full.size(); ++end)
+    {
+        if (end == full.size() || full[end] == '\\')
+        {
+            const std::wstring folder = Wide(std::string_view(full).substr(0, end));
+            error = CreateDirectoryW(folder.c_str(), nullptr) ? ERROR_SUCCESS : GetLastError();
+        }
+    }
+    // The last one tells; those above may lie in places that may be passed but not written.
+    return FolderExists(path) ? Result<Done>(Done{}) : SystemError(error);
+}
+
+Result<Done> RemoveFolder(std::string_view path)
+{
+    return DoneOrMissing(RemoveDirectoryW(Wide(path).c_str()) != FALSE);
+}
+
+std::vector<std::string> FileNames(std::string_view folder)
+{
+    std::vector<std::string> names;
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(Wide(std::string(folder) + "\\*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+    {
+        return names;
+    }
+    do
+    {
+        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+        {
+            names.push_back(Narrow(found.cFileName));
+        }
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+    return names;
+}
+
+} // namespace velmo::platform::MFile

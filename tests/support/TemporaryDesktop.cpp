@@ -1,0 +1,85 @@
+#include "tests/support/TemporaryDesktop.h"
+
+#include "platform/DesktopFolders.h"
+#include "platform/MFile.h"
+#include "platform/MachinePolicy.h"
+#include "platform/PrivateProfile.h"
+#include "platform/UserSettings.h"
+#include "tests/support/DesktopStores.h"
+
+#include <atomic>
+#include <stdexcept>
+
+namespace velmo::test
+{
+namespace
+{
+
+constexpr const char* kVendor = "Velmo Software";
+
+std::string NewFolder(unsigned long process)
+{
+    static std::atomic<unsigned> count = 0;
+    return "C:\\velmo-test-" + std::to_string(process) + "-" + std::to_string(++count) + "\\";
+}
+
+void Require(const Result<Done>& result, std::string_view what)
+{
+    if (!result)
+    {
+        throw std::runtime_error(std::string(what) + ": " + result.Failure().description);
+    }
+}
+
+} // namespace
+
+TemporaryDesktop::TemporaryDesktop()
+    : m_folder(NewFolder(Stores::ProcessNumber())), m_stores(std::make_unique<Stores>(m_folder))
+{}
+
+TemporaryDesktop::~TemporaryDesktop() = default;
+
+std::string TemporaryDesktop::Write(std::string_view name, std::string_view bytes) const
+{
+    std::string path = PathOf(name);
+    Require(platform::MFile::CreateFolders(path.substr(0, path.rfind('\\') + 1)), path);
+    Require(platform::MFile::WriteAll(path, bytes), path);
+    return path;
+}
+
+std::string TemporaryDesktop::Read(std::string_view name) const
+{
+    auto bytes = platform::MFile::ReadAll(PathOf(name));
+    if (!bytes)
+    {
+        throw std::runtime_error(PathOf(name) + ": " + bytes.Failure().description);
+    }
+    return std::move(bytes).Value();
+}
+
+void TemporaryDesktop::SetWinIniFolder(std::string_view name, std::string_view folder) const
+{
+    const std::string file = platform::WindowsDirectory() + "Win.ini";
+    if (!platform::WritePrivateProfileText(kVendor, name, folder, file))
+    {
+        throw std::runtime_error(file + ": " + platform::LastProfileFailure());
+    }
+}
+
+void TemporaryDesktop::SetUserFolder(std::string_view name, std::string_view folder) const
+{
+    Require(platform::WriteUserSetting(kVendor, "Program Folders", name, folder), name);
+}
+
+void TemporaryDesktop::SetPolicy(std::string_view name, std::string_view value) const
+{
+    Require(platform::WriteMachinePolicy(name, value), name);
+}
+
+std::string TemporaryDesktop::PathOf(std::string_view name) const
+{
+    const bool isPath = name.find(':') != std::string_view::npos;
+    return (isPath ? std::string() : m_folder) + std::string(name);
+}
+
+} // namespace velmo::test
