@@ -48,9 +48,10 @@ void DiagnosticLog::Write(std::string_view message)
     {
         return;
     }
+    // The C library's calendar is one for all threads.
+    const std::lock_guard lock(m_mutex);
     std::string line = TimeStamp(m_clock()) + "  " + std::string(message);
     std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    const std::lock_guard lock(m_mutex);
     Rotate();
     // There is no better place to report a log that cannot be written.
     (void)MFile::Append(m_path, line + "\r\n");

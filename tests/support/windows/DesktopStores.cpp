@@ -27,8 +27,22 @@ void EmptySharedStores()
 
 } // namespace
 
+/// Held while a desktop lives, since other test programs share this machine's stores.
 struct TemporaryDesktop::Stores::State
 {
+    State() : turn(CreateMutexW(nullptr, FALSE, L"velmo-temporary-desktop"))
+    {
+        WaitForSingleObject(turn, INFINITE);
+    }
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+    ~State()
+    {
+        ReleaseMutex(turn);
+        CloseHandle(turn);
+    }
+
+    HANDLE turn;
     std::filesystem::path folder;
 };
 

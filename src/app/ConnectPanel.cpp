@@ -1,0 +1,100 @@
+#include "app/ConnectPanel.h"
+
+#include "manager/UpdateManager.h"
+#include "ui/WxText.h"
+
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+namespace velmo
+{
+namespace
+{
+
+/// Lines that the status box shows at once: those of a whole fetch.
+constexpr int kStatusLines = 4;
+
+} // namespace
+
+ConnectPanel::ConnectPanel(wxWindow* parent, UpdateManager& manager)
+    : wxPanel(parent, wxID_ANY), m_manager(manager)
+{
+    m_status = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+                              wxTE_MULTILINE | wxTE_READONLY);
+    m_status->SetName("txtStatus");
+    m_status->SetToolTip("Internet Connection Status Messages");
+    m_status->SetMinSize(
+        wxSize(FromDIP(200), kStatusLines * m_status->GetCharHeight() + FromDIP(12)));
+    m_reconnect = new wxButton(this, wxID_ANY);
+    m_reconnect->SetName("cmdReconnect");
+    m_reconnect->SetToolTip("Reconnect & Refresh Program List");
+    m_autoConnect = new wxCheckBox(this, wxID_ANY, "Automatically &Connect");
+    m_autoConnect->SetName("chkAutoConnect");
+    m_autoConnect->SetToolTip("Automatically Connect When This Window Opens");
+
+    auto* statsPanel = new wxPanel(this, wxID_ANY);
+    statsPanel->SetName("picStats");
+    m_stats = new wxStaticText(statsPanel, wxID_ANY, wxEmptyString);
+    m_stats->SetName("lblStats");
+    auto* statsSizer = new wxBoxSizer(wxVERTICAL);
+    statsSizer->Add(m_stats, wxSizerFlags().Expand());
+    statsPanel->SetSizer(statsSizer);
+
+    auto* controls = new wxBoxSizer(wxVERTICAL);
+    controls->Add(m_reconnect, wxSizerFlags().Expand().Border(wxBOTTOM));
+    controls->Add(m_autoConnect, wxSizerFlags());
+    auto* top = new wxBoxSizer(wxHORIZONTAL);
+    top->Add(m_status, wxSizerFlags(1).Expand().Border(wxRIGHT));
+    top->Add(controls, wxSizerFlags());
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(top, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP));
+    sizer->Add(statsPanel, wxSizerFlags().Expand().Border());
+    SetSizer(sizer);
+
+    m_reconnect->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_manager.Reconnect(); });
+    m_autoConnect->Bind(wxEVT_CHECKBOX, [this](const wxCommandEvent& event) {
+        m_manager.SetAutoConnect(event.IsChecked());
+    });
+    m_manager.StatusBox().Observe([this] { ShowStatusLines(); });
+    ShowBusy();
+    ShowCounts();
+}
+
+ConnectPanel::~ConnectPanel()
+{
+    m_manager.StatusBox().Observe({});
+}
+
+void ConnectPanel::ShowAutoConnect()
+{
+    m_autoConnect->SetValue(m_manager.AutoConnect());
+}
+
+void ConnectPanel::ShowBusy()
+{
+    m_reconnect->SetLabel(ToWx(ListsDownload::ButtonCaption(m_manager.Lists().Busy())));
+    m_reconnect->Enable();
+}
+
+void ConnectPanel::ShowCounts()
+{
+    const UpdateCounts counts = m_manager.Counts();
+    const wxFont font = GetFont();
+    m_stats->SetFont(counts.Any() ? font.Bold() : font);
+    m_stats->SetLabel(ToWx(counts.Text()));
+    Layout();
+}
+
+void ConnectPanel::ShowStatusLines()
+{
+    wxString text = ToWx(m_manager.StatusBox().Text());
+    text.Replace("\r\n", "\n");
+    // Without a last empty line, so that the box shows as many lines as fit.
+    m_status->ChangeValue(text.Trim());
+    m_status->ShowPosition(m_status->GetLastPosition());
+}
+
+} // namespace velmo

@@ -1,0 +1,141 @@
+#include "app/ProgramsPage.h"
+
+#include "app/WindowSettings.h"
+#include "catalogue/ProgramCatalogue.h"
+#include "controls/CListViewHandler.h"
+#include "manager/UpdateManager.h"
+#include "platform/MessageLoop.h"
+#include "ui/BrowserPane.h"
+#include "ui/CHorizontalSplitter.h"
+#include "ui/ListView.h"
+#include "ui/WxText.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/weakref.h>
+#include <wx/wrapsizer.h>
+
+namespace velmo
+{
+namespace
+{
+
+constexpr char kInstructions[] = "&Select a program from the list below, then click the Download "
+                                 "button to download its update or its demo.";
+constexpr char kEmptyPage[] = "The update page of the selected program is shown here.";
+
+/// The bar's first place: three fifths of the page go to the list.
+constexpr double kDefaultBarTop = 4500;
+
+/// A run through the list with the arrow keys opens only the page where it stops.
+constexpr std::chrono::milliseconds kSettleTime(300);
+
+void Show(wxButton& button, const ButtonState& state)
+{
+    button.SetLabel(ToWx(state.caption));
+    button.Enable(state.enabled);
+}
+
+} // namespace
+
+ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, platform::MessageLoop& loop)
+    : wxPanel(parent, wxID_ANY), m_manager(manager), m_loop(loop)
+{
+    SetName("picHoldPrograms");
+    auto* instructions = new wxStaticText(this, wxID_ANY, kInstructions);
+    instructions->SetName("lblInstructions");
+
+    m_splitter = new CHorizontalSplitter(this);
+    m_list = new ListView(m_splitter, manager.Programs().List(), [&manager](std::size_t column) {
+        const CListViewHandler handler(manager.Settings());
+        handler.ColumnClick(manager.Programs().List(), column);
+    });
+    m_list->SetName("lvwMain");
+    m_list->OnSelection([this] { ShowSelectedProgram(); });
+    m_browser = new BrowserPane(m_splitter, "webMain", kEmptyPage, [](const std::string&) {});
+
+    auto* buttons = new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES);
+    m_updateOptions = AddButton(*buttons, "cmdSetStartupUpdateOptions");
+    m_download = AddButton(*buttons, "cmdDownloadUpdate");
+    m_updatePage = AddButton(*buttons, "cmdGoToUpdatePage");
+    m_informationPage = AddButton(*buttons, "cmdGoToInfoPage");
+
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(instructions, wxSizerFlags().Border());
+    sizer->Add(m_splitter, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT));
+    sizer->Add(buttons, wxSizerFlags().Expand().Border());
+    SetSizer(sizer);
+    ShowSelectedProgram();
+}
+
+wxButton* ProgramsPage::AddButton(wxSizer& sizer, const wxString& name)
+{
+    auto* button = new wxButton(this, wxID_ANY);
+    button->SetName(name);
+    sizer.Add(button, wxSizerFlags().Border(wxRIGHT | wxTOP | wxBOTTOM, FromDIP(3)));
+    return button;
+}
+
+void ProgramsPage::RestoreSplitter()
+{
+    const float top = m_manager.Settings().MyGetAppProfileSingle(
+        kMainWindowSection, kSliderTopKey, static_cast<float>(kDefaultBarTop));
+    m_splitter->Init(m_list, m_browser, top);
+}
+
+void ProgramsPage::SaveSplitter() const
+{
+    m_manager.Settings().MyWriteAppProfileString(kMainWindowSection, kSliderTopKey,
+                                                 std::to_string(std::lround(m_splitter->BarTop())));
+}
+
+void ProgramsPage::ShowSelectedProgram()
+{
+    const ProgramButtons buttons = m_manager.Programs().Buttons();
+    Show(*m_updateOptions, buttons.updateOptions);
+    Show(*m_download, buttons.download);
+    Show(*m_updatePage, buttons.updatePage);
+    Show(*m_informationPage, buttons.informationPage);
+    Layout();
+    NavigateSoon();
+}
+
+void ProgramsPage::NavigateSoon()
+{
+    const int navigation = ++m_navigations;
+    const wxWeakRef<ProgramsPage> page(this);
+    m_loop.After(kSettleTime, [page, navigation] {
+        if (page != nullptr && page->m_navigations == navigation)
+        {
+            page->NavigateNow();
+        }
+    });
+}
+
+void ProgramsPage::NavigateNow()
+{
+    const ListRow* selected = m_manager.Programs().List().SelectedRow();
+    if (selected == nullptr || !IsShownOnScreen())
+    {
+        return;
+    }
+    const std::string address =
+        UpdatePageOfIndex(m_manager.Lists().Server(), IndexOfName(selected->key)) + "#updatetext";
+    if (address != m_browser->Address())
+    {
+        m_browser->Navigate(address);
+    }
+}
+
+void ProgramsPage::RedrawList()
+{
+    m_list->Refresh();
+}
+
+void ProgramsPage::FocusList()
+{
+    m_list->SetFocus();
+}
+
+} // namespace velmo

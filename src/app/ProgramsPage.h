@@ -1,0 +1,57 @@
+#pragma once
+
+#include <wx/panel.h>
+
+#include <functional>
+#include <string>
+
+class wxButton;
+
+namespace velmo
+{
+
+class BrowserPane;
+class CHorizontalSplitter;
+class ListView;
+class UpdateManager;
+namespace platform
+{
+class MessageLoop;
+}
+
+/// The first tab, `picHoldPrograms`: the program list above the selected program's page, and the
+/// buttons that act on the selected program.
+class ProgramsPage final : public wxPanel
+{
+  public:
+    /// References must outlive the page.
+    ProgramsPage(wxWindow* parent, UpdateManager& manager, platform::MessageLoop& loop);
+
+    /// Puts the splitter where it stood; its default when nothing is remembered.
+    void RestoreSplitter();
+    void SaveSplitter() const;
+
+    /// Captions and states of the buttons for the selected program, and its page in the browser pane.
+    void ShowSelectedProgram();
+
+    void RedrawList();
+    void FocusList();
+
+  private:
+    wxButton* AddButton(wxSizer& sizer, const wxString& name);
+    void NavigateSoon();
+    void NavigateNow();
+
+    UpdateManager& m_manager;
+    platform::MessageLoop& m_loop;
+    CHorizontalSplitter* m_splitter = nullptr;
+    ListView* m_list = nullptr;
+    BrowserPane* m_browser = nullptr;
+    wxButton* m_updateOptions = nullptr;
+    wxButton* m_download = nullptr;
+    wxButton* m_updatePage = nullptr;
+    wxButton* m_informationPage = nullptr;
+    int m_navigations = 0; ///< Asked for so far; only the latest is carried out.
+};
+
+} // namespace velmo

@@ -1,0 +1,254 @@
+#include "app/frmMain.h"
+
+#include "app/CCheckOtherInstance.h"
+#include "app/ConnectPanel.h"
+#include "app/EmptyPage.h"
+#include "app/ProgramsPage.h"
+#include "app/WindowSettings.h"
+#include "controls/CListViewHandler.h"
+#include "controls/UserPrompts.h"
+#include "platform/MessageLoop.h"
+#include "settings/TextCase.h"
+#include "ui/CFormHandler.h"
+#include "ui/WxText.h"
+
+#include <wx/accel.h>
+#include <wx/artprov.h>
+#include <wx/iconbndl.h>
+#include <wx/menu.h>
+#include <wx/notebook.h>
+#include <wx/sizer.h>
+#include <wx/statusbr.h>
+#include <wx/weakref.h>
+
+#ifdef __WXMSW__
+#include <wx/msw/private.h>
+#endif
+
+#include <array>
+
+namespace velmo
+{
+namespace
+{
+
+constexpr std::array kTabCaptions{"Progr&ams", "&HVAC Equipment Databases", "&Latest News"};
+
+constexpr std::chrono::milliseconds kTimerInterval(1000);
+
+const wxSize kDefaultSize(1000, 720);
+const wxSize kLeastSize(720, 520);
+
+} // namespace
+
+frmMain::frmMain(UpdateManager& manager, UserPrompts& prompts, platform::MessageLoop& loop)
+    : m_manager(manager), m_prompts(prompts), m_loop(loop)
+{
+    CreateWindow();
+    loop.Yield();
+    CreateMenus();
+    CreateControls();
+    m_manager.Show(this);
+
+    CFormHandler(m_manager.Settings(), kMainWindowSection).Restore(*this);
+    Layout();
+    m_programs->RestoreSplitter();
+    m_connect->ShowAutoConnect();
+    const CListViewHandler listHandler(m_manager.Settings());
+    listHandler.LoadWidths(m_manager.Programs().List(), kProgramListSection);
+    listHandler.LoadSort(m_manager.Programs().List(), kProgramListSection);
+    m_manager.FillLists();
+}
+
+frmMain::~frmMain()
+{
+    m_manager.Show(nullptr);
+}
+
+void frmMain::CreateWindow()
+{
+    const wxString caption = ToWx(kMainWindowCaption);
+    const wxSize size = FromDIP(kDefaultSize);
+    SetName("frmMain");
+#ifdef __WXMSW__
+    // The toolkit has no way to choose the window class of a frame, by which other programs and a
+    // second start look for this window: these are the steps of its own Create() with another class.
+    wxTopLevelWindows.Append(this);
+    CreateBase(nullptr, wxID_ANY, wxDefaultPosition, size, wxDEFAULT_FRAME_STYLE, "frmMain");
+    WXDWORD extendedStyle = 0;
+    const WXDWORD style = MSWGetCreateWindowFlags(&extendedStyle);
+    const wxString wanted = ToWx(kMainWindowClass);
+    const wxChar* windowClass =
+        wxApp::GetRegisteredClassName(wanted.t_str(), COLOR_BTNFACE, 0, wxApp::RegClass_OnlyNR);
+    MSWCreate(windowClass, caption.t_str(), wxDefaultPosition, size, style, extendedStyle);
+    MSWUpdateUIState(UIS_INITIALIZE);
+    SetOwnBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
+    SetIcon(wxIcon("aaaa"));
+#else
+    Create(nullptr, wxID_ANY, caption, wxDefaultPosition, size, wxDEFAULT_FRAME_STYLE, "frmMain");
+#endif
+    SetMinSize(FromDIP(kLeastSize));
+    Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
+}
+
+void frmMain::CreateMenus()
+{
+    auto* file = new wxMenu;
+    // The key stands at the right of the entry; the window system itself acts on it.
+    file->Append(wxID_EXIT, "E&xit\tAlt+F4");
+    auto* help = new wxMenu;
+    help->Append(wxID_ABOUT, "&About Update Manager...");
+    auto* bar = new wxMenuBar;
+    bar->Append(file, "&File");
+    bar->Append(help, "&Help");
+    SetMenuBar(bar);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
+}
+
+void frmMain::CreateControls()
+{
+    auto* body = new wxPanel(this, wxID_ANY);
+    auto* tabs = new wxNotebook(body, wxID_ANY);
+    tabs->SetName("tbsMain");
+    m_tabs = tabs;
+    m_programs = new ProgramsPage(tabs, m_manager, m_loop);
+    tabs->AddPage(m_programs, kTabCaptions[0]);
+    tabs->AddPage(MakeEmptyPage(tabs, "The vendor's equipment databases and picture groups will be "
+                                      "listed here once this version can install them."),
+                  kTabCaptions[1]);
+    tabs->AddPage(MakeEmptyPage(tabs, "The vendor's latest headlines will be listed here once this "
+                                      "version can show them."),
+                  kTabCaptions[2]);
+    m_connect = new ConnectPanel(body, m_manager);
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(tabs, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(6)));
+    sizer->Add(m_connect, wxSizerFlags().Expand());
+    body->SetSizer(sizer);
+    auto* outer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(body, wxSizerFlags(1).Expand());
+    SetSizer(outer);
+    CreateStatusBar()->SetName("sbrMain");
+    tabs->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
+        event.Skip();
+        m_programs->ShowSelectedProgram();
+    });
+    SetUpAccelerators();
+}
+
+void frmMain::SetUpAccelerators()
+{
+    // Tab captions underline their letters but do not act on them. Alt+H is the Help menu's, so each
+    // tab has its number as well.
+    std::array<wxAcceleratorEntry, 6> entries;
+    const std::array<int, 3> ids{wxWindow::NewControlId(), wxWindow::NewControlId(),
+                                 wxWindow::NewControlId()};
+    entries[0].Set(wxACCEL_ALT, 'A', ids[0]);
+    entries[1].Set(wxACCEL_ALT, 'L', ids[2]);
+    entries[2].Set(wxACCEL_CTRL, '1', ids[0]);
+    entries[3].Set(wxACCEL_CTRL, '2', ids[1]);
+    entries[4].Set(wxACCEL_CTRL, '3', ids[2]);
+    entries[5].Set(wxACCEL_NORMAL, WXK_F5, wxID_REFRESH);
+    SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(entries.size()), entries.data()));
+    for (std::size_t tab = 0; tab < ids.size(); ++tab)
+    {
+        Bind(
+            wxEVT_MENU, [this, tab](wxCommandEvent&) { SelectTab(tab); }, ids[tab]);
+    }
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_manager.FetchLists(); }, wxID_REFRESH);
+}
+
+void frmMain::SelectTab(std::size_t tab)
+{
+    m_tabs->SetSelection(tab);
+}
+
+void frmMain::Open(const std::string& commandLine)
+{
+    Show();
+    ListViewModel& list = m_manager.Programs().List();
+    if (!list.Select(Trimmed(commandLine)) && !list.Rows().empty())
+    {
+        list.Select(std::string(list.Rows().front().key));
+    }
+    if (const ListRow* selected = list.SelectedRow())
+    {
+        list.ScrollTo(std::string(selected->key));
+    }
+    m_programs->FocusList();
+    const wxWeakRef<frmMain> window(this);
+    m_loop.After(kTimerInterval, [window] {
+        if (window != nullptr)
+        {
+            window->OnTimer();
+        }
+    });
+}
+
+void frmMain::OnTimer()
+{
+    if (m_manager.AutoConnect())
+    {
+        m_manager.FetchLists();
+    }
+}
+
+bool frmMain::ComeForward()
+{
+    if (!IsShown())
+    {
+        return false;
+    }
+    if (IsIconized())
+    {
+        Restore();
+    }
+    Raise();
+    return true;
+}
+
+void frmMain::OnClose(wxCloseEvent& event)
+{
+    if (ListFiles::PointAtTestLists())
+    {
+        m_prompts.Notify(PromptIcon::Stop, "Correct the constants in frmMain of VelmoUpd",
+                         "Rebuild Needed");
+    }
+    if (m_manager.Lists().Busy() && event.CanVeto())
+    {
+        event.Veto();
+        return;
+    }
+    SaveState();
+    Destroy();
+}
+
+void frmMain::SaveState()
+{
+    m_manager.DeleteLists();
+    CFormHandler(m_manager.Settings(), kMainWindowSection).Save(*this);
+    const ListViewModel& list = m_manager.Programs().List();
+    const CListViewHandler listHandler(m_manager.Settings());
+    listHandler.SaveWidths(list, kProgramListSection);
+    listHandler.SaveSort(list, kProgramListSection, list.SortedColumn());
+    m_programs->SaveSplitter();
+}
+
+void frmMain::OnBusyChanged()
+{
+    m_connect->ShowBusy();
+    m_programs->ShowSelectedProgram();
+}
+
+void frmMain::OnCountsChanged()
+{
+    m_connect->ShowCounts();
+}
+
+void frmMain::RedrawProgramList()
+{
+    m_programs->RedrawList();
+}
+
+} // namespace velmo

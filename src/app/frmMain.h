@@ -1,0 +1,61 @@
+#pragma once
+
+#include "manager/UpdateManager.h"
+
+#include <wx/frame.h>
+
+#include <string>
+
+class wxBookCtrlBase;
+class wxBookCtrlEvent;
+
+namespace velmo
+{
+
+class ConnectPanel;
+class MousePointer;
+class ProgramsPage;
+namespace platform
+{
+class MessageLoop;
+}
+
+/// The main window: the tabs, the status box with the connect controls, the counts and the menus.
+/// Loaded hidden; Open() shows it.
+class frmMain final : public wxFrame, private UpdateManagerView
+{
+  public:
+    /// Loads the window in its order. References must outlive it.
+    frmMain(UpdateManager& manager, UserPrompts& prompts, platform::MessageLoop& loop);
+    ~frmMain() override;
+
+    /// Shows the window, selects the program that the command line names (else the first), and
+    /// starts the timer that connects.
+    void Open(const std::string& commandLine);
+
+    /// Brings the window to the front, restored when it is minimised. False when it is not shown.
+    bool ComeForward();
+
+  private:
+    void CreateWindow();
+    void CreateMenus();
+    void CreateControls();
+    void SetUpAccelerators();
+    void SelectTab(std::size_t tab);
+    void OnClose(wxCloseEvent& event);
+    void SaveState();
+    void OnTimer();
+
+    void OnBusyChanged() override;
+    void OnCountsChanged() override;
+    void RedrawProgramList() override;
+
+    UpdateManager& m_manager;
+    UserPrompts& m_prompts;
+    platform::MessageLoop& m_loop;
+    wxBookCtrlBase* m_tabs = nullptr;
+    ProgramsPage* m_programs = nullptr;
+    ConnectPanel* m_connect = nullptr;
+};
+
+} // namespace velmo

@@ -1,0 +1,279 @@
+#include "catalogue/CVelmoProgramCommunicator.h"
+
+#include "catalogue/CFileVersionInfo.h"
+#include "catalogue/CommonFolder.h"
+#include "catalogue/LocatorTable.h"
+#include "controls/UserPrompts.h"
+#include "platform/MFile.h"
+#include "platform/Processes.h"
+#include "platform/UserSettings.h"
+#include "settings/CINIFileHandler.h"
+#include "settings/DiagnosticLog.h"
+
+#include <array>
+#include <charconv>
+#include <exception>
+
+namespace velmo
+{
+namespace
+{
+
+namespace MFile = platform::MFile;
+
+constexpr std::int32_t kInvalidArgument = 513;
+
+constexpr std::string_view kNotFoundText =
+    "Psychrochart plots the state of moist air and the processes between two states. It is a "
+    "separate program that is not installed on this computer.";
+
+const LocatorEntry* EntryOf(std::int32_t number)
+{
+    return number >= 0 && number < kLocatorCount ? &kLocatorTable[static_cast<std::size_t>(number)]
+                                                 : nullptr;
+}
+
+/// A folder below the common folder; empty when no common folder is known.
+std::string BelowCommonFolder(std::string_view subFolder)
+{
+    const std::string common = SharedValue("CommonDirectory");
+    return common.empty() ? std::string() : WithBackslash(common) + std::string(subFolder);
+}
+
+/// The folder as the stores give it, derived ones composed; without a last "\" if stored so.
+std::string StoredFolder(const LocatorEntry& entry)
+{
+    switch (entry.number)
+    {
+    case locator_number::kDocument:
+        return BelowCommonFolder("Document");
+    case locator_number::kBillOfMaterials:
+        return BelowCommonFolder("Bill of Materials");
+    case locator_number::kUpdateManager:
+        return BelowCommonFolder("");
+    default:
+        return SharedValue(entry.folderValueName);
+    }
+}
+
+bool IsDerived(std::int32_t number)
+{
+    return number == locator_number::kDocument || number == locator_number::kBillOfMaterials ||
+           number == locator_number::kUpdateManager;
+}
+
+/// The numbers under whose value name a folder may be stored.
+bool IsWritable(const LocatorEntry& entry)
+{
+    return !entry.folderValueName.empty() && entry.number != locator_number::kCatalog &&
+           entry.number != locator_number::kCommonFolderAgain;
+}
+
+/// Splits at "." and sets one output per leading piece that is a number.
+void ReadVersionPieces(std::string_view text, std::array<std::int32_t*, 3> outputs)
+{
+    for (std::int32_t* output : outputs)
+    {
+        const std::size_t end = text.find('.');
+        std::string_view piece = text.substr(0, end);
+        while (piece.starts_with(' '))
+        {
+            piece.remove_prefix(1);
+        }
+        while (piece.ends_with(' '))
+        {
+            piece.remove_suffix(1);
+        }
+        std::int32_t value = 0;
+        const char* last = piece.data() + piece.size();
+        const auto [stop, error] = std::from_chars(piece.data(), last, value);
+        if (error == std::errc() && stop == last)
+        {
+            *output = value;
+        }
+        if (end == std::string_view::npos)
+        {
+            return;
+        }
+        text.remove_prefix(end + 1);
+    }
+}
+
+} // namespace
+
+CVelmoProgramCommunicator::CVelmoProgramCommunicator(DiagnosticLog& log, UserPrompts& prompts)
+    : m_log(log), m_prompts(prompts)
+{}
+
+void CVelmoProgramCommunicator::ReportInvalidArgument(std::string_view operation)
+{
+    const std::string source = "CVelmoProgramCommunicator::" + std::string(operation);
+    m_lastError = ErrorRecord{kInvalidArgument, "Invalid argument", source};
+    m_log.Failure(source, Error{kInvalidArgument, m_lastError->description});
+}
+
+std::string CVelmoProgramCommunicator::FolderName(std::int32_t number)
+{
+    const LocatorEntry* entry = EntryOf(number);
+    if (entry == nullptr || (entry->folderValueName.empty() && !IsDerived(number)))
+    {
+        ReportInvalidArgument("FolderName");
+        return {};
+    }
+    const std::string folder = StoredFolder(*entry);
+    if (folder.empty() || number == locator_number::kDefaultManufacturer)
+    {
+        return folder;
+    }
+    return WithBackslash(folder);
+}
+
+std::string CVelmoProgramCommunicator::GetEXEFileName(std::int32_t number)
+{
+    const std::string folder = FolderName(number);
+    const LocatorEntry* entry = EntryOf(number);
+    if (entry == nullptr || entry->executable.empty())
+    {
+        ReportInvalidArgument("GetEXEFileName");
+        return folder;
+    }
+    return folder + std::string(entry->executable);
+}
+
+void CVelmoProgramCommunicator::SetFileVersion(std::int32_t number, std::int32_t& major,
+                                               std::int32_t& minor, std::int32_t& revision)
+{
+    const std::string path = GetEXEFileName(number);
+    if (!MFile::FileExists(path))
+    {
+        return;
+    }
+    try
+    {
+        CFileVersionInfo info;
+        info.FullPathName(path);
+        const std::string version =
+            info.FileVersion().empty() ? info.VerFile() : info.FileVersion();
+        if (version.empty())
+        {
+            m_log.Write("The executable has no version resource: " + path);
+        }
+        ReadVersionPieces(version, {&major, &minor, &revision});
+    }
+    catch (const std::exception& fault)
+    {
+        m_log.Write("Reading the version of " + path + ": " + fault.what());
+    }
+}
+
+std::string CVelmoProgramCommunicator::IniFilePath(const LocatorEntry& entry)
+{
+    const std::string folder = FolderName(entry.number);
+    const std::string newer = folder + std::string(entry.iniFile);
+    if (entry.previousIniFile.empty())
+    {
+        return newer;
+    }
+    const std::string older = folder + std::string(entry.previousIniFile);
+    const auto newerTime = MFile::ModificationTime(newer);
+    const auto olderTime = MFile::ModificationTime(older);
+    if (!newerTime || (olderTime && olderTime.Value() > newerTime.Value()))
+    {
+        return older;
+    }
+    return newer;
+}
+
+INIValue CVelmoProgramCommunicator::ProgramINIValue(std::int32_t number, std::string_view section,
+                                                    std::string_view key, INIValueKind kind,
+                                                    const INIValue& defaultValue)
+{
+    const LocatorEntry* entry = EntryOf(number);
+    if (entry == nullptr || entry->iniFile.empty())
+    {
+        ReportInvalidArgument("FolderName");
+        return defaultValue;
+    }
+    if (static_cast<std::size_t>(kind) != defaultValue.index())
+    {
+        ReportInvalidArgument("ProgramINIValue");
+        return defaultValue;
+    }
+    CINIFileHandler handler(m_log);
+    handler.AppProfileFileName(IniFilePath(*entry));
+    try
+    {
+        switch (kind)
+        {
+        case INIValueKind::Boolean:
+            return handler.MyGetAppProfileBoolean(section, key, std::get<bool>(defaultValue));
+        case INIValueKind::Single:
+            return handler.MyGetAppProfileSingle(section, key, std::get<float>(defaultValue));
+        case INIValueKind::Long:
+            return handler.MyGetAppProfileLong(section, key, std::get<std::int32_t>(defaultValue));
+        case INIValueKind::Integer:
+            return handler.MyGetAppProfileInteger(section, key,
+                                                  std::get<std::int16_t>(defaultValue));
+        case INIValueKind::String:
+            return handler.MyGetAppProfileString(section, key, std::get<std::string>(defaultValue));
+        }
+    }
+    catch (const std::exception& fault)
+    {
+        m_log.Write("Reading " + std::string(key) + " of " + handler.AppProfileFileName() + ": " +
+                    fault.what());
+    }
+    return defaultValue;
+}
+
+void CVelmoProgramCommunicator::WriteVelmoSoftwareEntry(std::int32_t number,
+                                                        std::string_view folder)
+{
+    const LocatorEntry* entry = EntryOf(number);
+    if (entry == nullptr || !IsWritable(*entry))
+    {
+        ReportInvalidArgument("WriteVelmoSoftwareEntry");
+        return;
+    }
+    if (folder.ends_with('\\'))
+    {
+        folder.remove_suffix(1);
+    }
+    CINIFileHandler handler(m_log);
+    handler.AppProfileFileName(WinIniPath());
+    handler.MyWriteAppProfileString(kVendorSection, entry->folderValueName, folder);
+    if (const auto written = platform::WriteUserSetting(kVendorApplication, kFolderSection,
+                                                        entry->folderValueName, folder);
+        !written)
+    {
+        m_log.Failure("Storing the folder " + std::string(entry->folderValueName),
+                      written.Failure());
+    }
+}
+
+void CVelmoProgramCommunicator::Launch(std::int32_t number)
+{
+    if (number != locator_number::kLaunchable || platform::ActivateWindow(kLaunchableTitle))
+    {
+        return;
+    }
+    const std::string folder = FolderName(number);
+    for (const std::string_view executable : {EntryOf(number)->executable, kPreviousLaunchable})
+    {
+        const std::string path = folder + std::string(executable);
+        if (!MFile::FileExists(path))
+        {
+            continue;
+        }
+        const auto started = platform::StartProgram(path, "", platform::WindowState::Normal);
+        if (!started)
+        {
+            m_log.Failure("Starting " + path, started.Failure());
+        }
+        return;
+    }
+    m_prompts.Notify(PromptIcon::Information, std::string(kNotFoundText),
+                     std::string(kLaunchableTitle) + " Not Found");
+}
+
+} // namespace velmo

@@ -1,0 +1,16 @@
+#include "platform/CommandLine.h"
+
+namespace velmo::platform
+{
+
+std::string CommandLineText(int argc, char** argv)
+{
+    std::string text;
+    for (int i = 1; i < argc; ++i)
+    {
+        text += (i > 1 ? " " : "") + std::string(argv[i]);
+    }
+    return text;
+}
+
+} // namespace velmo::platform

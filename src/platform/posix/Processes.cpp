@@ -1,0 +1,64 @@
+#include "platform/Processes.h"
+
+#include "platform/posix/DesktopPath.h"
+#include "platform/posix/SystemError.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+extern char** environ;
+
+namespace velmo::platform
+{
+namespace
+{
+
+/// Started programs are nobody's children to wait for, but a process that ended wants to be collected.
+void CollectWhenEnded(pid_t process)
+{
+    std::thread([process] { waitpid(process, nullptr, 0); }).detach();
+}
+
+} // namespace
+
+Result<Done> StartProgram(std::string_view path, std::string_view arguments, WindowState /*state*/)
+{
+    const std::filesystem::path native = NativePath(path);
+    std::vector<std::string> words{native.string()};
+    std::istringstream rest{std::string(arguments)};
+    for (std::string word; rest >> word;)
+    {
+        words.push_back(word);
+    }
+    std::vector<char*> argv;
+    for (std::string& word : words)
+    {
+        argv.push_back(word.data());
+    }
+    argv.push_back(nullptr);
+
+    pid_t process = 0;
+    const int failure =
+        posix_spawn(&process, native.c_str(), nullptr, nullptr, argv.data(), environ);
+    if (failure != 0)
+    {
+        return SystemError(failure, native);
+    }
+    CollectWhenEnded(process);
+    return Done{};
+}
+
+bool ActivateWindow(std::string_view /*title*/)
+{
+    return false;
+}
+
+} // namespace velmo::platform

@@ -1,0 +1,182 @@
+#include "platform/RunningInstance.h"
+
+#include "platform/posix/DesktopPath.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <future>
+#include <thread>
+#include <utility>
+
+namespace velmo::platform
+{
+namespace
+{
+
+constexpr char kYes = 'y';
+constexpr char kNo = 'n';
+constexpr int kAnswerTimeoutMs = 5000;
+
+/// An address in the system's own name space, not in the file system: it goes with its process, and
+/// a desktop's path may be longer than a socket's may.
+struct Address
+{
+    sockaddr_un name{};
+    socklen_t length = 0;
+};
+
+Address AddressOf(std::string_view instanceName)
+{
+    const std::string desktop = std::filesystem::absolute(DesktopRoot()).string();
+    const std::string text = std::string(instanceName) + "-" + std::to_string(getuid()) + "-" +
+                             std::to_string(std::hash<std::string>()(desktop));
+    Address address;
+    address.name.sun_family = AF_UNIX;
+    const std::size_t n = std::min(text.size(), sizeof address.name.sun_path - 1);
+    std::memcpy(address.name.sun_path + 1, text.data(), n);
+    address.length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + n);
+    return address;
+}
+
+/// A file descriptor that closes itself.
+class Descriptor
+{
+  public:
+    explicit Descriptor(int value = -1) : m_value(value) {}
+    ~Descriptor()
+    {
+        if (m_value >= 0)
+        {
+            close(m_value);
+        }
+    }
+    Descriptor(Descriptor&& other) noexcept : m_value(std::exchange(other.m_value, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(m_value, other.m_value);
+        return *this;
+    }
+    [[nodiscard]] int Get() const { return m_value; }
+
+  private:
+    int m_value;
+};
+
+bool WaitReadable(int descriptor, int timeoutMs)
+{
+    pollfd waiting{descriptor, POLLIN, 0};
+    return poll(&waiting, 1, timeoutMs) > 0;
+}
+
+} // namespace
+
+struct RunningInstance::State
+{
+    std::string name;
+    Descriptor lock;
+    bool hasPrevious = false;
+    Descriptor listener;
+    std::array<Descriptor, 2> wakeUp; ///< A byte, or the end, ends the listening thread.
+    std::jthread thread;
+
+    void Serve(MessageLoop& loop, const std::function<bool()>& comeForward) const;
+    void Answer(int client, MessageLoop& loop, const std::function<bool()>& comeForward) const;
+
+    ~State() { wakeUp[1] = Descriptor(); }
+};
+
+RunningInstance::RunningInstance(std::string_view name) : m_state(std::make_unique<State>())
+{
+    m_state->name = name;
+    std::error_code ignored;
+    std::filesystem::create_directories(DesktopRoot(), ignored);
+    const std::filesystem::path path = DesktopRoot() / (m_state->name + ".lock");
+    m_state->lock = Descriptor(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    // The lock goes with the process, however that ends; the file stays.
+    m_state->hasPrevious =
+        m_state->lock.Get() >= 0 && flock(m_state->lock.Get(), LOCK_EX | LOCK_NB) != 0;
+}
+
+RunningInstance::~RunningInstance() = default;
+
+bool RunningInstance::HasPrevious() const
+{
+    return m_state->hasPrevious;
+}
+
+bool RunningInstance::BringPreviousForward(std::string_view /*caption*/,
+                                           std::string_view /*className*/) const
+{
+    const Descriptor client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const Address address = AddressOf(m_state->name);
+    char answer = kNo;
+    return client.Get() >= 0 &&
+           connect(client.Get(), reinterpret_cast<const sockaddr*>(&address.name),
+                   address.length) == 0 &&
+           WaitReadable(client.Get(), kAnswerTimeoutMs) && read(client.Get(), &answer, 1) == 1 &&
+           answer == kYes;
+}
+
+void RunningInstance::Listen(MessageLoop& loop, std::function<bool()> comeForward)
+{
+    std::array<int, 2> ends{};
+    const Address address = AddressOf(m_state->name);
+    m_state->listener = Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (m_state->listener.Get() < 0 ||
+        bind(m_state->listener.Get(), reinterpret_cast<const sockaddr*>(&address.name),
+             address.length) != 0 ||
+        listen(m_state->listener.Get(), 8) != 0 || pipe2(ends.data(), O_CLOEXEC) != 0)
+    {
+        return;
+    }
+    m_state->wakeUp = {Descriptor(ends[0]), Descriptor(ends[1])};
+    m_state->thread =
+        std::jthread([state = m_state.get(), &loop, comeForward = std::move(comeForward)] {
+            state->Serve(loop, comeForward);
+        });
+}
+
+void RunningInstance::State::Serve(MessageLoop& loop,
+                                   const std::function<bool()>& comeForward) const
+{
+    while (true)
+    {
+        std::array<pollfd, 2> waiting{pollfd{listener.Get(), POLLIN, 0},
+                                      pollfd{wakeUp[0].Get(), POLLIN, 0}};
+        if (poll(waiting.data(), waiting.size(), -1) < 0 || waiting[1].revents != 0)
+        {
+            return;
+        }
+        const Descriptor client(accept4(listener.Get(), nullptr, nullptr, SOCK_CLOEXEC));
+        if (client.Get() >= 0)
+        {
+            Answer(client.Get(), loop, comeForward);
+        }
+    }
+}
+
+void RunningInstance::State::Answer(int client, MessageLoop& loop,
+                                    const std::function<bool()>& comeForward) const
+{
+    // Shared with the loop, which may get to it only after this thread gave up waiting.
+    const auto answer = std::make_shared<std::promise<bool>>();
+    std::future<bool> answered = answer->get_future();
+    loop.Post([answer, comeForward] { answer->set_value(comeForward()); });
+    const auto limit = std::chrono::milliseconds(kAnswerTimeoutMs);
+    const bool forward = answered.wait_for(limit) == std::future_status::ready && answered.get();
+    const char reply = forward ? kYes : kNo;
+    // A client that went away needs no answer.
+    (void)!send(client, &reply, 1, MSG_NOSIGNAL);
+}
+
+} // namespace velmo::platform

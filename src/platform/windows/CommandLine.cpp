@@ -1,0 +1,21 @@
+#include "platform/CommandLine.h"
+
+#include "platform/windows/WideText.h"
+
+#include <windows.h>
+
+namespace velmo::platform
+{
+
+std::string CommandLineText(int /*argc*/, char** /*argv*/)
+{
+    std::wstring_view line = GetCommandLineW();
+    // The program's own name ends at its closing quote or at the first blank.
+    const bool quoted = line.starts_with(L'"');
+    const std::size_t end = line.find_first_of(quoted ? L"\"" : L" \t", 1);
+    line.remove_prefix(end == std::wstring_view::npos ? line.size() : end + (quoted ? 1 : 0));
+    const std::size_t first = line.find_first_not_of(L" \t");
+    return first == std::wstring_view::npos ? std::string() : Narrow(line.substr(first));
+}
+
+} // namespace velmo::platform

@@ -1,0 +1,379 @@
+#include "platform/HttpHop.h"
+
+#include <windows.h>
+
+#include <wininet.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <charconv>
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace velmo::platform
+{
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+using Bytes = std::vector<std::byte>;
+
+constexpr std::int32_t kTimedOut = 12002;
+constexpr std::int32_t kInvalidUrl = 12005;
+constexpr std::int32_t kStopped = 12017;
+constexpr std::int32_t kCannotConnect = 12029;
+constexpr std::int32_t kEndedTooEarly = 12030;
+constexpr std::int32_t kReset = 12031;
+constexpr std::int32_t kNoHttp = 12152;
+constexpr std::size_t kReadSize = 256 * 1024;
+constexpr std::size_t kMostWaiting = 8; ///< Buffers read ahead of the sink.
+
+struct Pair
+{
+    DWORD given;
+    std::int32_t internet;
+};
+
+/// What differs from one Windows to another, under one number each.
+constexpr std::array kPairs{
+    Pair{WSAECONNRESET, kReset},
+    Pair{WSAECONNABORTED, kReset},
+    Pair{ERROR_INTERNET_SEC_CERT_DATE_INVALID, 12045},
+    Pair{ERROR_INTERNET_SEC_CERT_CN_INVALID, 12045},
+    Pair{ERROR_INTERNET_SEC_CERT_ERRORS, 12045},
+    Pair{ERROR_INTERNET_SEC_CERT_REV_FAILED, 12045},
+    Pair{ERROR_INTERNET_SEC_INVALID_CERT, 12045},
+    Pair{ERROR_INTERNET_SEC_CERT_REVOKED, 12045},
+    Pair{ERROR_INTERNET_CLIENT_AUTH_CERT_NEEDED, 12157},
+    Pair{12175, 12157}, // "Decoding failed", which newer Windows gives for a failed handshake.
+    Pair{ERROR_INTERNET_SERVER_UNREACHABLE, kCannotConnect},
+    Pair{ERROR_INTERNET_PROXY_SERVER_UNREACHABLE, kCannotConnect},
+    Pair{ERROR_INTERNET_DISCONNECTED, kCannotConnect},
+};
+
+std::int32_t InternetCode(DWORD given)
+{
+    const auto pair = std::find_if(kPairs.begin(), kPairs.end(),
+                                   [given](const Pair& p) { return p.given == given; });
+    return pair == kPairs.end() ? static_cast<std::int32_t>(given) : pair->internet;
+}
+
+struct HandleCloser
+{
+    void operator()(void* handle) const { InternetCloseHandle(handle); }
+};
+
+using Handle = std::unique_ptr<void, HandleCloser>;
+
+/// A text that the response has, such as a header; empty when it has none.
+std::string QueryText(HINTERNET request, DWORD what)
+{
+    std::string text(512, '\0');
+    auto size = static_cast<DWORD>(text.size());
+    while (!HttpQueryInfoA(request, what, text.data(), &size, nullptr))
+    {
+        if (GetLastError() != ERROR_INSUFFICIENT_BUFFER)
+        {
+            return {};
+        }
+        text.resize(size);
+    }
+    text.resize(size);
+    return text;
+}
+
+/// @a reference as an absolute address, seen from @a base; empty when it cannot be read.
+std::string Absolute(const std::string& base, const std::string& reference)
+{
+    std::string text(base.size() + 3 * reference.size() + 16, '\0');
+    auto size = static_cast<DWORD>(text.size());
+    if (!InternetCombineUrlA(base.c_str(), reference.c_str(), text.data(), &size, 0))
+    {
+        return {};
+    }
+    text.resize(size);
+    return text;
+}
+
+/**
+    One exchange, shared by two threads. A blocked WinINet call cannot be interrupted (closing its
+    handle from elsewhere is neither safe nor, on every system, of effect), so a worker makes the
+    calls and the caller waits for what it brings, watching the clock and the stop request. When the
+    caller gives up it leaves the worker behind; the worker ends with its blocked call, at the latest
+    when the request's own time-out, a little longer than the caller's, is over.
+ */
+class Exchange
+{
+  public:
+    Exchange(std::string url, const HttpLimits& limits) : m_url(std::move(url)), m_limits(limits) {}
+
+    /// The worker's part.
+    void Run()
+    {
+        const std::int32_t code = Request();
+        const std::lock_guard lock(m_mutex);
+        m_code = code;
+        m_ended = true;
+        m_changed.notify_all();
+    }
+
+    /// The caller's part.
+    std::int32_t Follow(HopSink& sink, const std::stop_token& stop)
+    {
+        std::unique_lock lock(m_mutex);
+        for (;;)
+        {
+            const bool news = m_changed.wait_until(lock, stop, Deadline(), [this] {
+                return m_ended || m_newHead || !m_waiting.empty();
+            });
+            std::optional<std::int32_t> code;
+            if (stop.stop_requested())
+            {
+                code = kStopped;
+            }
+            else if (news)
+            {
+                code = Deliver(lock, sink);
+            }
+            else if (Clock::now() >= Deadline()) // A sign of life may have moved it on meanwhile.
+            {
+                code = kTimedOut;
+            }
+            if (code)
+            {
+                m_abandoned = true;
+                m_changed.notify_all();
+                return *code;
+            }
+        }
+    }
+
+  private:
+    [[nodiscard]] Clock::time_point Deadline() const
+    {
+        return m_lastSign.load() + (m_connected ? m_limits.stallTimeout : m_limits.connectTimeout);
+    }
+
+    /// Hands the next thing to the sink. The exchange's code when that was all.
+    std::optional<std::int32_t> Deliver(std::unique_lock<std::mutex>& lock, HopSink& sink)
+    {
+        if (!m_newHead && m_waiting.empty())
+        {
+            return m_code;
+        }
+        bool wanted = false;
+        if (m_newHead)
+        {
+            m_newHead = false;
+            const HttpHead head = m_head;
+            lock.unlock();
+            wanted = sink.Head(head);
+            lock.lock();
+        }
+        else
+        {
+            Bytes bytes = std::move(m_waiting.front());
+            m_waiting.pop_front();
+            lock.unlock();
+            wanted = sink.Add(bytes);
+            lock.lock();
+            m_spare.push_back(std::move(bytes));
+            m_changed.notify_all();
+        }
+        return wanted ? std::nullopt : std::optional(0);
+    }
+
+    void SignOfLife() { m_lastSign = Clock::now(); }
+
+    static void CALLBACK OnStatus(HINTERNET, DWORD_PTR context, DWORD status, void*, DWORD)
+    {
+        auto& exchange = *reinterpret_cast<Exchange*>(context);
+        if (status == INTERNET_STATUS_CONNECTED_TO_SERVER)
+        {
+            exchange.SignOfLife();
+            exchange.m_connected = true;
+        }
+    }
+
+    /// Sends the request and reads the response. Returns 0 at the response's end.
+    std::int32_t Request()
+    {
+        std::array<char, 260> host{};
+        std::string path(m_url.size() + 1, '\0');
+        std::string extra(m_url.size() + 1, '\0');
+        URL_COMPONENTSA parts{};
+        parts.dwStructSize = sizeof parts;
+        parts.lpszHostName = host.data();
+        parts.dwHostNameLength = static_cast<DWORD>(host.size());
+        parts.lpszUrlPath = path.data();
+        parts.dwUrlPathLength = static_cast<DWORD>(path.size());
+        parts.lpszExtraInfo = extra.data();
+        parts.dwExtraInfoLength = static_cast<DWORD>(extra.size());
+        if (!InternetCrackUrlA(m_url.c_str(), 0, 0, &parts))
+        {
+            return kInvalidUrl;
+        }
+        const std::string target = std::string(path.c_str()) + extra.c_str();
+
+        const Handle session(InternetOpenA("Velmo Software Update Manager",
+                                           INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
+        const Handle connection(InternetConnectA(session.get(), host.data(), parts.nPort, nullptr,
+                                                 nullptr, INTERNET_SERVICE_HTTP, 0, 0));
+        constexpr DWORD kFlags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_PRAGMA_NOCACHE |
+                                 INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_UI |
+                                 INTERNET_FLAG_NO_AUTO_REDIRECT | INTERNET_FLAG_NO_COOKIES;
+        const DWORD secure = parts.nScheme == INTERNET_SCHEME_HTTPS ? INTERNET_FLAG_SECURE : 0;
+        InternetSetStatusCallbackA(connection.get(), &OnStatus);
+        const Handle request(HttpOpenRequestA(connection.get(), "GET", target.c_str(), nullptr,
+                                              nullptr, nullptr, kFlags | secure,
+                                              reinterpret_cast<DWORD_PTR>(this)));
+        if (!request)
+        {
+            return InternetCode(GetLastError());
+        }
+        InternetSetStatusCallbackA(request.get(), &OnStatus);
+        SetTimeouts(request.get());
+        const std::int32_t code = Answer(request.get());
+        InternetSetStatusCallbackA(request.get(), nullptr);
+        InternetSetStatusCallbackA(connection.get(), nullptr);
+        return code;
+    }
+
+    /// On the request: set on the session they do not count everywhere.
+    void SetTimeouts(HINTERNET request) const
+    {
+        constexpr std::chrono::milliseconds kLater{2000};
+        auto connect = static_cast<DWORD>((m_limits.connectTimeout + kLater).count());
+        auto stall = static_cast<DWORD>((m_limits.stallTimeout + kLater).count());
+        InternetSetOptionA(request, INTERNET_OPTION_CONNECT_TIMEOUT, &connect, sizeof connect);
+        InternetSetOptionA(request, INTERNET_OPTION_SEND_TIMEOUT, &stall, sizeof stall);
+        InternetSetOptionA(request, INTERNET_OPTION_RECEIVE_TIMEOUT, &stall, sizeof stall);
+    }
+
+    std::int32_t Answer(HINTERNET request)
+    {
+        if (!HttpSendRequestA(request, nullptr, 0, nullptr, 0))
+        {
+            const std::int32_t code = InternetCode(GetLastError());
+            const bool ended = code == kEndedTooEarly || code == kReset;
+            return !ended ? code : m_connected ? kNoHttp : kCannotConnect;
+        }
+        HttpHead head;
+        DWORD status = 0;
+        DWORD size = sizeof status;
+        HttpQueryInfoA(request, HTTP_QUERY_STATUS_CODE | HTTP_QUERY_FLAG_NUMBER, &status, &size,
+                       nullptr);
+        if (status == 0 || !HasHeaders(request))
+        {
+            return kNoHttp;
+        }
+        head.status = static_cast<int>(status);
+        head.reason = QueryText(request, HTTP_QUERY_STATUS_TEXT);
+        const std::string location = QueryText(request, HTTP_QUERY_LOCATION);
+        head.location = location.empty() ? location : Absolute(m_url, location);
+        const std::string length = QueryText(request, HTTP_QUERY_CONTENT_LENGTH);
+        std::uint64_t bytes = 0;
+        if (std::from_chars(length.data(), length.data() + length.size(), bytes).ec == std::errc())
+        {
+            head.length = bytes;
+        }
+        return HandOver(std::move(head)) ? ReadBody(request) : 0;
+    }
+
+    /// A reply that is no HTTP at all passes for "200 OK" without a single header.
+    static bool HasHeaders(HINTERNET request)
+    {
+        const std::string raw = QueryText(request, HTTP_QUERY_RAW_HEADERS_CRLF);
+        return raw.find(':') != std::string::npos;
+    }
+
+    std::int32_t ReadBody(HINTERNET request)
+    {
+        for (;;)
+        {
+            DWORD available = 0;
+            if (!InternetQueryDataAvailable(request, &available, 0, 0))
+            {
+                return InternetCode(GetLastError());
+            }
+            Bytes bytes = Spare();
+            bytes.resize(std::clamp<std::size_t>(available, 1, kReadSize));
+            DWORD count = 0;
+            if (!InternetReadFile(request, bytes.data(), static_cast<DWORD>(bytes.size()), &count))
+            {
+                return InternetCode(GetLastError());
+            }
+            bytes.resize(count);
+            if (count == 0 || !HandOver(std::move(bytes)))
+            {
+                return 0;
+            }
+        }
+    }
+
+    Bytes Spare()
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_spare.empty())
+        {
+            return {};
+        }
+        Bytes bytes = std::move(m_spare.back());
+        m_spare.pop_back();
+        return bytes;
+    }
+
+    /// False when the caller has gone.
+    bool HandOver(HttpHead head)
+    {
+        const std::lock_guard lock(m_mutex);
+        SignOfLife();
+        m_head = std::move(head);
+        m_newHead = true;
+        m_changed.notify_all();
+        return !m_abandoned;
+    }
+
+    bool HandOver(Bytes bytes)
+    {
+        std::unique_lock lock(m_mutex);
+        SignOfLife();
+        m_changed.wait(lock, [this] { return m_abandoned || m_waiting.size() < kMostWaiting; });
+        m_waiting.push_back(std::move(bytes));
+        m_changed.notify_all();
+        return !m_abandoned;
+    }
+
+    const std::string m_url;
+    const HttpLimits m_limits;
+    std::atomic<Clock::time_point> m_lastSign{Clock::now()};
+    std::atomic<bool> m_connected{false};
+
+    std::mutex m_mutex; ///< Guards what follows.
+    std::condition_variable_any m_changed;
+    HttpHead m_head;
+    bool m_newHead = false;
+    std::deque<Bytes> m_waiting;
+    std::vector<Bytes> m_spare;
+    bool m_ended = false;     ///< The worker is through; m_code tells how.
+    bool m_abandoned = false; ///< The caller has gone.
+    std::int32_t m_code = 0;
+};
+
+} // namespace
+
+std::int32_t HttpHop(const std::string& url, const HttpLimits& limits, HopSink& sink,
+                     const std::stop_token& stop)
+{
+    const auto exchange = std::make_shared<Exchange>(url, limits);
+    std::thread([exchange] { exchange->Run(); }).detach();
+    return exchange->Follow(sink, stop);
+}
+
+} // namespace velmo::platform

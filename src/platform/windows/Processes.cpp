@@ -1,0 +1,47 @@
+#include "platform/Processes.h"
+
+#include "platform/windows/WideText.h"
+
+#include <windows.h>
+
+namespace velmo::platform
+{
+
+Result<Done> StartProgram(std::string_view path, std::string_view arguments, WindowState state)
+{
+    const std::wstring program = Wide(path);
+    std::wstring commandLine = L"\"" + program + L"\"";
+    if (!arguments.empty())
+    {
+        commandLine += (arguments.starts_with(' ') ? L"" : L" ") + Wide(arguments);
+    }
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = state == WindowState::Minimised ? SW_SHOWMINIMIZED : SW_SHOWNORMAL;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        nullptr, &startup, &process))
+    {
+        return LastSystemError();
+    }
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return Done{};
+}
+
+bool ActivateWindow(std::string_view title)
+{
+    HWND window = FindWindowW(nullptr, Wide(title).c_str());
+    if (window == nullptr)
+    {
+        return false;
+    }
+    if (IsIconic(window))
+    {
+        ShowWindow(window, SW_RESTORE);
+    }
+    return SetForegroundWindow(window) != FALSE;
+}
+
+} // namespace velmo::platform

@@ -1,0 +1,94 @@
+#include "platform/RunningInstance.h"
+
+#include "platform/windows/WideText.h"
+
+#include <windows.h>
+
+#include <array>
+
+namespace velmo::platform
+{
+namespace
+{
+
+struct Wanted
+{
+    std::wstring caption;
+    std::wstring className;
+};
+
+bool Matches(HWND window, const Wanted& wanted)
+{
+    std::array<wchar_t, 256> text{};
+    const int n = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+    if (std::wstring_view(text.data(), static_cast<std::size_t>(n)) != wanted.caption)
+    {
+        return false;
+    }
+    const int k = GetClassNameW(window, text.data(), static_cast<int>(text.size()));
+    return std::wstring_view(text.data(), static_cast<std::size_t>(k)) == wanted.className;
+}
+
+/// The first top-level window, in the system's order, of that caption and class. Only visible ones:
+/// a window that its program has not shown yet is not for others to show.
+HWND FindTopLevel(const Wanted& wanted)
+{
+    HWND window = GetWindow(GetDesktopWindow(), GW_CHILD);
+    while (window != nullptr && !(IsWindowVisible(window) && Matches(window, wanted)))
+    {
+        window = GetWindow(window, GW_HWNDNEXT);
+    }
+    return window;
+}
+
+} // namespace
+
+struct RunningInstance::State
+{
+    HANDLE mutex = nullptr;
+    bool hasPrevious = false;
+
+    ~State()
+    {
+        if (mutex != nullptr)
+        {
+            CloseHandle(mutex);
+        }
+    }
+};
+
+RunningInstance::RunningInstance(std::string_view name) : m_state(std::make_unique<State>())
+{
+    m_state->mutex = CreateMutexW(nullptr, FALSE, Wide(name).c_str());
+    m_state->hasPrevious = GetLastError() == ERROR_ALREADY_EXISTS;
+}
+
+RunningInstance::~RunningInstance() = default;
+
+bool RunningInstance::HasPrevious() const
+{
+    return m_state->hasPrevious;
+}
+
+bool RunningInstance::BringPreviousForward(std::string_view caption,
+                                           std::string_view className) const
+{
+    HWND window = FindTopLevel({Wide(caption), Wide(className)});
+    if (window == nullptr)
+    {
+        return false;
+    }
+    SetForegroundWindow(window);
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (GetWindowPlacement(window, &placement) && placement.showCmd == SW_SHOWMINIMIZED)
+    {
+        ShowWindow(window, SW_RESTORE);
+        SetForegroundWindow(window);
+    }
+    return true;
+}
+
+void RunningInstance::Listen(MessageLoop& /*loop*/, std::function<bool()> /*comeForward*/) {}
+
+} // namespace velmo::platform

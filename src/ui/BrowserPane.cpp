@@ -1,0 +1,100 @@
+#include "ui/BrowserPane.h"
+
+#include "platform/BrowserEngine.h"
+#include "ui/WxText.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/webview.h>
+
+#include <utility>
+
+namespace velmo
+{
+namespace
+{
+
+constexpr int kMargin = 16;
+
+} // namespace
+
+BrowserPane::BrowserPane(wxWindow* parent, const wxString& name, const wxString& emptyText,
+                         std::function<void(const std::string&)> openOutside)
+    : wxPanel(parent, wxID_ANY), m_openOutside(std::move(openOutside))
+{
+    SetName(name);
+    SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+    m_text = new wxStaticText(this, wxID_ANY, emptyText);
+    m_text->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(m_text, wxSizerFlags().Border(wxALL, FromDIP(kMargin)));
+    SetSizer(sizer);
+    Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+        event.Skip();
+        CallAfter([this] { ShowWhenSeen(); });
+    });
+}
+
+void BrowserPane::Navigate(const std::string& address)
+{
+    m_address = address;
+    ShowWhenSeen();
+}
+
+void BrowserPane::ShowWhenSeen()
+{
+    if (m_address.empty() || m_address == m_shownAddress || !IsShownOnScreen())
+    {
+        return;
+    }
+    m_shownAddress = m_address;
+    if (!std::exchange(m_engineTried, true) && platform::HasBrowserEngine())
+    {
+        m_engine = wxWebView::New();
+        if (m_engine != nullptr && !m_engine->Create(this, wxID_ANY, wxWebViewDefaultURLStr))
+        {
+            m_engine = nullptr;
+        }
+    }
+    if (m_engine != nullptr)
+    {
+        ShowInEngine();
+    }
+    else
+    {
+        ShowAsLink();
+    }
+    Layout();
+}
+
+void BrowserPane::ShowInEngine()
+{
+    if (m_text->IsShown())
+    {
+        m_text->Hide();
+        GetSizer()->Add(m_engine, wxSizerFlags(1).Expand());
+    }
+    m_engine->LoadURL(ToWx(m_address));
+}
+
+void BrowserPane::ShowAsLink()
+{
+    if (m_link == nullptr)
+    {
+        m_text->SetLabel(_("This page can only be shown in your web browser, because no browser "
+                           "engine is installed for use inside this window:"));
+        m_link = new wxButton(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+                              wxBORDER_NONE | wxBU_LEFT);
+        m_link->SetBackgroundColour(GetBackgroundColour());
+        m_link->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT));
+        m_link->SetFont(GetFont().Underlined());
+        m_link->SetCursor(wxCursor(wxCURSOR_HAND));
+        m_link->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_openOutside(m_address); });
+        GetSizer()->Add(m_link, wxSizerFlags().Border(wxLEFT | wxRIGHT, FromDIP(kMargin)));
+    }
+    m_link->SetLabel(wxControl::EscapeMnemonics(ToWx(m_address)));
+    m_text->Wrap(GetClientSize().GetWidth() - 2 * FromDIP(kMargin));
+}
+
+} // namespace velmo

@@ -1,0 +1,91 @@
+#include "ui/CFormHandler.h"
+
+#include "settings/CINIFileHandler.h"
+#include "ui/Twips.h"
+
+#include <wx/display.h>
+
+#include <cmath>
+
+namespace velmo
+{
+namespace
+{
+
+constexpr int kMaximised = 2;
+constexpr double kAbsent = -1e9; ///< No window stands there.
+
+/// @a wanted made to fit into @a screen.
+wxRect FitInto(wxRect wanted, const wxRect& screen)
+{
+    wanted.width = std::min(wanted.width, screen.width);
+    wanted.height = std::min(wanted.height, screen.height);
+    wanted.x = std::max(screen.x, std::min(wanted.x, screen.GetRight() + 1 - wanted.width));
+    wanted.y = std::max(screen.y, std::min(wanted.y, screen.GetBottom() + 1 - wanted.height));
+    return wanted;
+}
+
+} // namespace
+
+CFormHandler::CFormHandler(CINIFileHandler& settings, std::string_view section)
+    : m_settings(settings), m_section(section)
+{}
+
+double CFormHandler::Read(std::string_view key, double defaultValue) const
+{
+    const float value =
+        m_settings.MyGetAppProfileSingle(m_section, key, static_cast<float>(defaultValue));
+    return std::isfinite(value) && std::fabs(value) < 1e6F ? value : defaultValue;
+}
+
+void CFormHandler::Write(std::string_view key, double value) const
+{
+    m_settings.MyWriteAppProfileString(m_section, key, std::to_string(std::lround(value)));
+}
+
+void CFormHandler::Restore(wxTopLevelWindow& window) const
+{
+    wxRect wanted = window.GetRect();
+    const double left = Read("Left", kAbsent);
+    const double top = Read("Top", kAbsent);
+    const bool remembered = left != kAbsent && top != kAbsent;
+    if (remembered)
+    {
+        const wxSize least = window.GetMinSize();
+        wanted = wxRect(PixelsOfTwips(window, left), PixelsOfTwips(window, top),
+                        std::max(least.x, PixelsOfTwips(window, Read("Width", 0))),
+                        std::max(least.y, PixelsOfTwips(window, Read("Height", 0))));
+    }
+    const int display = remembered ? wxDisplay::GetFromRect(wanted) : wxNOT_FOUND;
+    const wxRect screen =
+        wxDisplay(display == wxNOT_FOUND ? 0U : static_cast<unsigned>(display)).GetClientArea();
+    if (display == wxNOT_FOUND)
+    {
+        wanted = wanted.CentreIn(screen);
+    }
+    window.SetSize(FitInto(wanted, screen));
+    if (Read("State", 0) == kMaximised)
+    {
+        window.Maximize();
+    }
+}
+
+void CFormHandler::Save(const wxTopLevelWindow& window) const
+{
+    if (window.IsIconized())
+    {
+        return;
+    }
+    Write("State", window.IsMaximized() ? kMaximised : 0);
+    if (window.IsMaximized())
+    {
+        return;
+    }
+    const wxRect place = window.GetRect();
+    Write("Left", TwipsOfPixels(window, place.x));
+    Write("Top", TwipsOfPixels(window, place.y));
+    Write("Width", TwipsOfPixels(window, place.width));
+    Write("Height", TwipsOfPixels(window, place.height));
+}
+
+} // namespace velmo

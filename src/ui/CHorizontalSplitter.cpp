@@ -1,0 +1,81 @@
+#include "ui/CHorizontalSplitter.h"
+
+#include "ui/Twips.h"
+
+#include <algorithm>
+
+namespace velmo
+{
+namespace
+{
+
+constexpr double kFallbackBarTop = 600;
+
+/// Sizes below this are the toolkit's first guesses, before the window is laid out.
+constexpr int kLeastRealHeight = 120;
+
+} // namespace
+
+double UsableBarTop(double stored, double innerHeight)
+{
+    return stored < 0 || stored >= innerHeight ? kFallbackBarTop : stored;
+}
+
+CHorizontalSplitter::CHorizontalSplitter(wxWindow* parent)
+    : wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                       wxSP_LIVE_UPDATE | wxSP_3DSASH)
+{
+    SetName("fraSplitterProgram");
+    SetMinimumPaneSize(1);
+    SetSashGravity(1.0);
+    Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [this](wxSplitterEvent& event) {
+        event.SetSashPosition(WithinMargins(event.GetSashPosition()));
+    });
+    Bind(wxEVT_SPLITTER_DOUBLECLICKED, [](wxSplitterEvent& event) { event.Veto(); });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        CallAfter([this] { RefreshBar(); });
+    });
+}
+
+void CHorizontalSplitter::Init(wxWindow* above, wxWindow* below, double barTop)
+{
+    m_wanted = barTop;
+    SplitHorizontally(above, below);
+    RefreshBar();
+}
+
+void CHorizontalSplitter::RefreshBar()
+{
+    const int height = GetClientSize().GetHeight();
+    if (height < FromDIP(kLeastRealHeight))
+    {
+        return;
+    }
+    int position = GetSashPosition();
+    if (m_wanted != 0)
+    {
+        position = PixelsOfTwips(*this, UsableBarTop(m_wanted, TwipsOfPixels(*this, height)));
+        m_wanted = 0;
+    }
+    position = WithinMargins(position);
+    if (position != GetSashPosition())
+    {
+        SetSashPosition(position);
+    }
+}
+
+double CHorizontalSplitter::BarTop() const
+{
+    return m_wanted != 0 ? m_wanted : TwipsOfPixels(*this, GetSashPosition());
+}
+
+int CHorizontalSplitter::WithinMargins(int position) const
+{
+    const int least = FromDIP(MinimumSplitterBarTopMargin);
+    const int most =
+        GetClientSize().GetHeight() - FromDIP(MinimumSplitterBarBottomMargin) - BarHeight();
+    return std::max(least, std::min(position, most));
+}
+
+} // namespace velmo

@@ -1,0 +1,191 @@
+#include "ui/ListView.h"
+
+#include "ui/Twips.h"
+#include "ui/WxText.h"
+
+#ifdef __WXMSW__
+#include <wx/msw/wrapcctl.h>
+#endif
+
+#include <utility>
+
+namespace velmo
+{
+namespace
+{
+
+/// True while it lives.
+class Flag
+{
+  public:
+    explicit Flag(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
+    ~Flag() { m_flag = m_before; }
+    Flag(const Flag&) = delete;
+    Flag& operator=(const Flag&) = delete;
+
+  private:
+    bool& m_flag;
+    bool m_before;
+};
+
+} // namespace
+
+ListView::ListView(wxWindow* parent, ListViewModel& model,
+                   std::function<void(std::size_t)> headerClicked)
+    : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                 wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL),
+      m_model(model)
+{
+    m_boldRow.SetFont(GetFont().Bold());
+    for (const ListColumn& column : model.Columns())
+    {
+        AppendColumn(ToWx(column.title));
+    }
+    Bind(wxEVT_LIST_COL_CLICK, [headerClicked](const wxListEvent& event) {
+        if (event.GetColumn() >= 0)
+        {
+            headerClicked(static_cast<std::size_t>(event.GetColumn()) + 1);
+        }
+    });
+    Bind(wxEVT_LIST_COL_END_DRAG, [this](wxListEvent& event) {
+        event.Skip();
+        CallAfter([this, column = event.GetColumn()] {
+            const Flag showing(m_showing);
+            m_model.SetColumnWidth(
+                static_cast<std::size_t>(column) + 1,
+                static_cast<float>(TwipsOfPixels(*this, GetColumnWidth(column))));
+        });
+    });
+    Bind(wxEVT_LIST_ITEM_SELECTED,
+         [this](const wxListEvent& event) { TakeSelection(event.GetIndex()); });
+    model.Observe(this);
+    OnColumnsChanged();
+    OnRowsChanged();
+}
+
+ListView::~ListView()
+{
+    m_model.Observe(nullptr);
+}
+
+void ListView::TakeSelection(long item)
+{
+    const auto& rows = m_model.Rows();
+    if (!m_showing && item >= 0 && static_cast<std::size_t>(item) < rows.size())
+    {
+        m_model.Select(std::string(rows[static_cast<std::size_t>(item)].key));
+    }
+}
+
+void ListView::OnRowsChanged()
+{
+    SetItemCount(static_cast<long>(m_model.Rows().size()));
+    ShowSelection();
+    Refresh();
+}
+
+void ListView::OnColumnsChanged()
+{
+    if (!m_showing)
+    {
+        int index = 0;
+        for (const ListColumn& column : m_model.Columns())
+        {
+            SetColumnWidth(index++, PixelsOfTwips(*this, column.width));
+        }
+    }
+    ShowMarks();
+}
+
+void ListView::ShowMarks()
+{
+    int marked = -1;
+    bool ascending = true;
+    for (std::size_t i = 0; i < m_model.Columns().size(); ++i)
+    {
+        if (const auto mark = m_model.Columns()[i].mark)
+        {
+            marked = static_cast<int>(i);
+            ascending = *mark == SortOrder::Ascending;
+        }
+    }
+#ifdef __WXMSW__
+    // The toolkit's own indicator does not reach the native header under every system.
+    HWND header = ListView_GetHeader(static_cast<HWND>(GetHWND()));
+    for (int i = 0, n = Header_GetItemCount(header); i < n; ++i)
+    {
+        HDITEM item = {};
+        item.mask = HDI_FORMAT;
+        Header_GetItem(header, i, &item);
+        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (i == marked)
+        {
+            item.fmt |= ascending ? HDF_SORTUP : HDF_SORTDOWN;
+        }
+        Header_SetItem(header, i, &item);
+    }
+#else
+    if (marked >= 0)
+    {
+        ShowSortIndicator(marked, ascending);
+    }
+    else
+    {
+        RemoveSortIndicator();
+    }
+#endif
+}
+
+void ListView::ShowSelection()
+{
+    const Flag showing(m_showing);
+    const ListRow* selected = m_model.SelectedRow();
+    long target = -1;
+    for (std::size_t i = 0; i < m_model.Rows().size() && selected != nullptr; ++i)
+    {
+        if (&m_model.Rows()[i] == selected)
+        {
+            target = static_cast<long>(i);
+        }
+    }
+    const long current = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
+    if (current >= 0 && current != target)
+    {
+        SetItemState(current, 0, wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED);
+    }
+    if (target >= 0 && current != target)
+    {
+        const long state = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
+        SetItemState(target, state, state);
+    }
+}
+
+void ListView::OnSelectionChanged()
+{
+    ShowSelection();
+    if (m_selectionChanged)
+    {
+        m_selectionChanged();
+    }
+}
+
+void ListView::OnScrollToRow(std::size_t row)
+{
+    EnsureVisible(static_cast<long>(row));
+}
+
+wxString ListView::OnGetItemText(long item, long column) const
+{
+    const auto& rows = m_model.Rows();
+    const auto row = static_cast<std::size_t>(item);
+    return row < rows.size() ? ToWx(rows[row].cells[static_cast<std::size_t>(column)]) : wxString();
+}
+
+wxItemAttr* ListView::OnGetItemAttr(long item) const
+{
+    const auto& rows = m_model.Rows();
+    const auto row = static_cast<std::size_t>(item);
+    return row < rows.size() && rows[row].bold ? &m_boldRow : nullptr;
+}
+
+} // namespace velmo

@@ -1,0 +1,141 @@
+#include "platform/MFile.h"
+
+#include "platform/DesktopFolders.h"
+#include "platform/FileReader.h"
+#include "tests/support/TemporaryDesktop.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace velmo::platform
+{
+namespace
+{
+
+class MFileTest : public testing::Test
+{
+  protected:
+    const test::TemporaryDesktop m_desktop;
+    const std::string& m_folder = m_desktop.Folder();
+};
+
+TEST_F(MFileTest, OnlyAFileIsAFileAndOnlyAFolderAFolder)
+{
+    m_desktop.Write("Sub\\List.ini", "x");
+    EXPECT_TRUE(MFile::FileExists(m_folder + "SUB/list.INI"));
+    EXPECT_TRUE(MFile::FolderExists(m_folder + "sub"));
+    EXPECT_TRUE(MFile::FolderExists(m_folder + "sub\\"));
+    for (const std::string& noFile :
+         {std::string(), std::string("C:"), m_folder + "Sub", m_folder + "Sub\\",
+          m_folder + "Sub\\List.ini\\", m_folder + "No.ini", m_folder + "No\\No.ini"})
+    {
+        SCOPED_TRACE(noFile);
+        EXPECT_FALSE(MFile::FileExists(noFile));
+    }
+    EXPECT_FALSE(MFile::FolderExists(""));
+    EXPECT_FALSE(MFile::FolderExists(m_folder + "Sub\\List.ini"));
+}
+
+TEST_F(MFileTest, BytesComeBackAsWrittenReplacedOrAdded)
+{
+    const std::string path = m_folder + "Log.txt";
+    ASSERT_TRUE(MFile::Append(path, "one\n"));
+    ASSERT_TRUE(MFile::Append(path, std::string_view("\0\xFF", 2)));
+    EXPECT_EQ(MFile::ReadAll(path).Value(), std::string("one\n\0\xFF", 6));
+    EXPECT_EQ(MFile::ReadAll(path, 6).Value().size(), 6U);
+    EXPECT_EQ(MFile::ReadAll(path, 5).Failure().code, 223);
+    ASSERT_TRUE(MFile::WriteAll(m_folder + "LOG.TXT", ""));
+    EXPECT_EQ(MFile::ReadAll(path).Value(), "");
+    EXPECT_THAT(MFile::FileNames(m_folder), testing::ElementsAre("Log.txt"));
+}
+
+TEST_F(MFileTest, WhatIsMissingHasItsErrorCode)
+{
+    const std::string noFile = m_folder + "No.ini";
+    const std::string noFolder = m_folder + "No\\No.ini";
+    EXPECT_EQ(MFile::ReadAll(noFile).Failure().code, 2);
+    EXPECT_EQ(MFile::ReadAll(noFolder).Failure().code, 3);
+    EXPECT_EQ(MFile::ModificationTime(noFile).Failure().code, 2);
+    EXPECT_EQ(MFile::WriteAll(noFolder, "x").Failure().code, 3);
+    EXPECT_EQ(MFile::Append(noFolder, "x").Failure().code, 3);
+    EXPECT_EQ(MFile::Rename(noFile, m_folder + "New.ini").Failure().code, 2);
+    EXPECT_EQ(MFile::ReadAll(m_folder).Ok(), false);
+    EXPECT_TRUE(MFile::DeleteIfExists(noFile));
+    EXPECT_TRUE(MFile::DeleteIfExists(noFolder));
+    EXPECT_TRUE(MFile::RemoveFolder(m_folder + "No"));
+    EXPECT_TRUE(MFile::FileNames(m_folder + "No").empty());
+}
+
+TEST_F(MFileTest, AFileOpenForReadingMayBeRenamedAndItsNameUsedAnew)
+{
+    const std::string path = m_desktop.Write("List.ini", "old");
+    const auto reader = FileReader::Open(path);
+    ASSERT_TRUE(reader);
+    m_desktop.Write("Old.ini", "older");
+    ASSERT_TRUE(MFile::Rename(path, m_folder + "Old.ini"));
+    ASSERT_TRUE(MFile::WriteAll(path, "new"));
+    EXPECT_EQ(m_desktop.Read("List.ini"), "new");
+    EXPECT_EQ(m_desktop.Read("Old.ini"), "old");
+    std::array<std::byte, 3> bytes{};
+    EXPECT_TRUE(reader.Value().ReadAt(0, bytes));
+    EXPECT_EQ(bytes[0], std::byte{'o'});
+    EXPECT_FALSE(reader.Value().ReadAt(1, bytes));
+}
+
+TEST_F(MFileTest, FoldersAreMadeWithThoseAboveAndRemovedWhenEmpty)
+{
+    const std::string inner = m_folder + "a\\b c\\d\\";
+    ASSERT_TRUE(MFile::CreateFolders(inner));
+    ASSERT_TRUE(MFile::CreateFolders(inner));
+    EXPECT_TRUE(MFile::FolderExists(m_folder + "A\\B C\\D"));
+    EXPECT_EQ(MFile::RemoveFolder(m_folder + "a").Failure().code, 145);
+    EXPECT_TRUE(MFile::RemoveFolder(inner));
+    EXPECT_FALSE(MFile::FolderExists(inner));
+    m_desktop.Write("file", "x");
+    EXPECT_FALSE(MFile::CreateFolders(m_folder + "file\\sub"));
+}
+
+TEST_F(MFileTest, AModificationTimeIsKeptToTheTickOfFileTimes)
+{
+    const std::string path = m_desktop.Write("Old.mdb", "x");
+    const MFile::Time before1970 = MFile::Time(std::chrono::microseconds(-1'500'000));
+    const MFile::Time in2003 = MFile::Time(std::chrono::microseconds(1'041'504'672'123'456));
+    for (const MFile::Time time : {before1970, in2003})
+    {
+        ASSERT_TRUE(MFile::SetModificationTime(path, time));
+        EXPECT_EQ(MFile::ModificationTime(path).Value(), time);
+    }
+}
+
+TEST_F(MFileTest, AFullPathHasADriveAndNoDots)
+{
+    constexpr std::pair<const char*, const char*> kPaths[] = {
+        {"C:\\a\\b.ini", "C:\\a\\b.ini"},
+        {"C:/a/./b/../c\\", "C:\\a\\c\\"},
+        {"d:\\..\\x", "d:\\x"},
+        {"C:\\", "C:\\"},
+        {"\\\\host\\share\\x", "\\\\host\\share\\x"},
+        {"", ""},
+    };
+    for (const auto& [path, full] : kPaths)
+    {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(MFile::FullPath(path), full);
+    }
+}
+
+TEST_F(MFileTest, TheDesktopsFoldersEndInABackslash)
+{
+    for (const std::string& folder : {WindowsDirectory(), ProgramFolder()})
+    {
+        SCOPED_TRACE(folder);
+        EXPECT_EQ(folder.substr(1, 2), ":\\");
+        EXPECT_TRUE(folder.ends_with('\\'));
+    }
+    EXPECT_TRUE(MFile::FolderExists(WindowsDirectory()));
+}
+
+} // namespace
+} // namespace velmo::platform

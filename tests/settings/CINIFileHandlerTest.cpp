@@ -1,0 +1,131 @@
+#include "settings/CINIFileHandler.h"
+
+#include "settings/DiagnosticLog.h"
+#include "tests/support/TemporaryDesktop.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <stdexcept>
+
+namespace velmo
+{
+namespace
+{
+
+using std::string_literals::operator""s;
+using std::string_view_literals::operator""sv;
+
+class CINIFileHandlerTest : public testing::Test
+{
+  protected:
+    CINIFileHandlerTest() { m_handler.AppProfileFileName(m_desktop.Folder() + "VelmoUpd.ini"); }
+
+    void Hold(const std::string& value) const
+    {
+        m_desktop.Write("VelmoUpd.ini", "[S]\r\nk=" + value + "\r\n");
+    }
+
+    float Single(char decimalMark, float defaultValue)
+    {
+        CINIFileHandler handler(m_log, decimalMark);
+        handler.AppProfileFileName(m_handler.AppProfileFileName());
+        return handler.MyGetAppProfileSingle("S", "k", defaultValue);
+    }
+
+    const test::TemporaryDesktop m_desktop;
+    DiagnosticLog m_log{m_desktop.Folder() + "VelmoUpd.log"};
+    CINIFileHandler m_handler{m_log, '.'};
+};
+
+TEST_F(CINIFileHandlerTest, ABooleanIsTheWordTrueOrANumberOtherThanZero)
+{
+    constexpr std::pair<const char*, bool> kRows[] = {
+        {"1 'True", true}, {"0 'False", false}, {"\" tRUE \"", true}, {"-1", true},
+        {"2", true},       {"0.5", true},       {"False", false},     {"Yes", false},
+        {"", false},       {"True!", false},
+    };
+    for (const auto& [value, meaning] : kRows)
+    {
+        SCOPED_TRACE(value);
+        Hold(value);
+        EXPECT_EQ(m_handler.MyGetAppProfileBoolean("S", "k", !meaning), meaning);
+    }
+    EXPECT_TRUE(m_handler.MyGetAppProfileBoolean("S", "none", true));
+    EXPECT_FALSE(m_handler.MyGetAppProfileBoolean("S", "none", false));
+}
+
+TEST_F(CINIFileHandlerTest, IntegersAreLenientRoundedAndChecked)
+{
+    Hold("12abc");
+    EXPECT_EQ(m_handler.MyGetAppProfileInteger("S", "k", 7), 12);
+    EXPECT_EQ(m_handler.MyGetAppProfileInteger("S", "none", -32768), -32768);
+    constexpr auto kLowest = std::numeric_limits<std::int32_t>::min();
+    EXPECT_EQ(m_handler.MyGetAppProfileLong("S", "none", kLowest), kLowest);
+    Hold("32768");
+    EXPECT_THROW((void)m_handler.MyGetAppProfileInteger("S", "k", 0), std::overflow_error);
+    EXPECT_EQ(m_handler.MyGetAppProfileLong("S", "k", 0), 32768);
+    Hold("2147483648");
+    EXPECT_THROW((void)m_handler.MyGetAppProfileLong("S", "k", 0), std::overflow_error);
+    Hold("");
+    EXPECT_EQ(m_handler.MyGetAppProfileLong("S", "k", 5), 0);
+}
+
+TEST_F(CINIFileHandlerTest, ASingleReadsACommaUnderAPointLocaleButNotTheOtherWayRound)
+{
+    Hold("2,5");
+    EXPECT_EQ(Single('.', 0), 2.5F);
+    EXPECT_EQ(Single(',', 0), 2.0F);
+    Hold("2.5");
+    EXPECT_EQ(Single('.', 0), 2.5F);
+    EXPECT_EQ(Single(',', 0), 2.0F);
+    EXPECT_EQ(Single('\'', 0), 2.5F);
+    Hold("1,234,5");
+    EXPECT_EQ(Single('.', 0), 1.234F);
+    Hold("1e300");
+    EXPECT_EQ(Single('.', 0), std::numeric_limits<float>::max());
+    m_desktop.Write("VelmoUpd.ini", "");
+    EXPECT_EQ(Single('.', 0.1F), 0.1F);
+    EXPECT_EQ(Single('.', -4.5e7F), -4.5e7F);
+    EXPECT_EQ(Single(',', 600.0F), 600.0F);
+}
+
+TEST_F(CINIFileHandlerTest, WhatIsWrittenIsInTheFileAndReadsBack)
+{
+    m_handler.MyWriteAppProfileBoolean("S", "yes", true);
+    m_handler.MyWriteAppProfileBoolean("S", "no", false);
+    m_handler.MyWriteAppProfileString("S", "text", "a b");
+    EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"), "[S]\r\nyes=1 'True\r\nno=0 'False\r\ntext=a b\r\n");
+    m_handler.MyWriteAppProfileSection("Sizes", "a=1\0b=2\0"sv);
+    EXPECT_EQ(m_handler.MyGetAppProfileSection("Sizes"), "a=1\0b=2\0"s);
+    m_handler.MyDeleteAppProfileItem("Sizes", "a");
+    EXPECT_EQ(m_handler.MyGetAppProfileString("Sizes", "a", "default"), "");
+    EXPECT_EQ(m_handler.MyGetAppProfileSection("Sizes"), "a=\0b=2\0"s);
+    m_handler.MyDeleteAppProfileSection("Sizes");
+    EXPECT_EQ(m_handler.MyGetAppProfileSection("Sizes"), "");
+    EXPECT_EQ(m_handler.MyGetAppProfileString("S", "text", ""), "a b");
+}
+
+TEST_F(CINIFileHandlerTest, LongTextIsCutToItsBuffer)
+{
+    const std::string longValue(300, 'x');
+    Hold(longValue);
+    EXPECT_EQ(m_handler.MyGetAppProfileString("S", "k", ""), longValue.substr(0, 255));
+    Hold(std::string(40'000, 'x'));
+    EXPECT_EQ(m_handler.MyGetAppProfileSection("S").size(), 32'765U);
+}
+
+TEST_F(CINIFileHandlerTest, AFailedWriteIsALineInTheLog)
+{
+    m_handler.AppProfileFileName(m_desktop.Folder() + "no\\VelmoUpd.ini");
+    m_handler.MyWriteAppProfileString("Options", "AutoConnect", "1");
+    m_handler.MyDeleteAppProfileSection("Gone\n");
+    const std::string log = m_desktop.Read("VelmoUpd.log");
+    EXPECT_THAT(log, testing::ContainsRegex("\\[Options\\] AutoConnect in .*VelmoUpd.ini\": .+"));
+    EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 2);
+}
+
+} // namespace
+} // namespace velmo

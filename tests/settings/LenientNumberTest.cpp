@@ -1,0 +1,89 @@
+#include "settings/LenientNumber.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <stdexcept>
+#include <string>
+
+namespace velmo
+{
+namespace
+{
+
+struct Row
+{
+    const char* text;
+    double number;
+};
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+TEST(LenientNumberTest, TheLeadingNumberCounts)
+{
+    constexpr Row kRows[] = {
+        {"", 0},
+        {"word", 0},
+        {"12abc", 12},
+        {"1 'True", 1},
+        {"0 'False", 0},
+        {"-5", -5},
+        {"+5", 5},
+        {" - 5", -5},
+        {"--5", 0},
+        {"1 000\t2", 10002},
+        {"2.5", 2.5},
+        {"2,5", 2},
+        {".5x", 0.5},
+        {"5.", 5},
+        {".", 0},
+        {"1.2.3", 1.2},
+        {"1.5e3", 1500},
+        {"1E-2", 0.01},
+        {"1e", 1},
+        {"1e+", 1},
+        {"inf", 0},
+        {"nan", 0},
+        {"0x10", 0},
+        {"1e999", kInfinity},
+        {"-1e999", -kInfinity},
+        {"1e-999", 0},
+    };
+    for (const Row& row : kRows)
+    {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(LenientNumber(row.text), row.number);
+    }
+    EXPECT_EQ(LenientNumber(std::string(400, '9')), kInfinity);
+    EXPECT_EQ(LenientNumber("0." + std::string(400, '0') + "1"), 0);
+}
+
+TEST(LenientNumberTest, AHalfRoundsToTheEvenInteger)
+{
+    constexpr Row kRows[] = {{"", 0},    {"0.5", 0},   {"1.5", 2},
+                             {"2.5", 2}, {"-2.5", -2}, {"2.51", 3}};
+    for (const Row& row : kRows)
+    {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(RoundedTo16Bits(LenientNumber(row.text)), row.number);
+    }
+}
+
+TEST(LenientNumberTest, AnIntegerThatDoesNotFitIsAnOverflow)
+{
+    EXPECT_EQ(RoundedTo16Bits(32767.49), 32767);
+    EXPECT_EQ(RoundedTo16Bits(-32768.5), -32768);
+    EXPECT_EQ(RoundedTo32Bits(2147483647.4), 2147483647);
+    EXPECT_EQ(RoundedTo32Bits(-2147483648.0), std::numeric_limits<std::int32_t>::min());
+    for (const double number : {32767.5, -32769.0, kInfinity})
+    {
+        EXPECT_THROW((void)RoundedTo16Bits(number), std::overflow_error);
+    }
+    for (const double number : {2147483647.5, -2147483649.0, -kInfinity})
+    {
+        EXPECT_THROW((void)RoundedTo32Bits(number), std::overflow_error);
+    }
+}
+
+} // namespace
+} // namespace velmo
