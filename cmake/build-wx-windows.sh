@@ -10,7 +10,7 @@ set -euo pipefail
 
 host=x86_64-w64-mingw32
 options=(
-    --host=$host --disable-shared --without-libpng --without-libjpeg --without-libtiff --without-zlib --without-expat
+    --host="$host" --disable-shared --without-libpng --without-libjpeg --without-libtiff --without-zlib --without-expat
     --without-regex --disable-xrc --disable-richtext --disable-stc --disable-ribbon --disable-propgrid --disable-aui
     --disable-mediactrl --disable-svg --disable-html --enable-webview --disable-debug_flag
 )
@@ -28,6 +28,7 @@ echo "Building wxWidgets $version for Windows into $prefix (once, about 8 minute
 mkdir -p "$prefix.work"
 work=$(cd "$prefix.work" && pwd)
 log=$work/build.log
+# shellcheck disable=SC2154  # the trap itself sets it
 trap 'status=$?; [ $status -eq 0 ] || { echo "wxWidgets for Windows failed; the end of $log:"; tail -n 30 "$log"; } >&2' EXIT
 
 # A private list of sources: the machine's own apt configuration stays as it is.

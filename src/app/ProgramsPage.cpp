@@ -31,7 +31,7 @@ constexpr double kDefaultBarTop = 4500;
 /// A run through the list with the arrow keys opens only the page where it stops.
 constexpr std::chrono::milliseconds kSettleTime(300);
 
-void Show(wxButton& button, const ButtonState& state)
+void ShowState(wxButton& button, const ButtonState& state)
 {
     button.SetLabel(ToWx(state.caption));
     button.Enable(state.enabled);
@@ -93,10 +93,10 @@ void ProgramsPage::SaveSplitter() const
 void ProgramsPage::ShowSelectedProgram()
 {
     const ProgramButtons buttons = m_manager.Programs().Buttons();
-    Show(*m_updateOptions, buttons.updateOptions);
-    Show(*m_download, buttons.download);
-    Show(*m_updatePage, buttons.updatePage);
-    Show(*m_informationPage, buttons.informationPage);
+    ShowState(*m_updateOptions, buttons.updateOptions);
+    ShowState(*m_download, buttons.download);
+    ShowState(*m_updatePage, buttons.updatePage);
+    ShowState(*m_informationPage, buttons.informationPage);
     Layout();
     NavigateSoon();
 }

@@ -4,6 +4,7 @@
 #include "ui/WxText.h"
 
 #include <wx/button.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/webview.h>

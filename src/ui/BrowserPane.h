@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+class wxButton;
 class wxStaticText;
 class wxWebView;
 

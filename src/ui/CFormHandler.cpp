@@ -5,6 +5,7 @@
 
 #include <wx/display.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace velmo
@@ -14,6 +15,24 @@ namespace
 
 constexpr int kMaximised = 2;
 constexpr double kAbsent = -1e9; ///< No window stands there.
+
+/// The display that shows most of a rectangle; wxNOT_FOUND when none shows any of it.
+int DisplayOf(const wxRect& rectangle)
+{
+    int best = wxNOT_FOUND;
+    long bestArea = 0;
+    for (unsigned i = 0; i < wxDisplay::GetCount(); ++i)
+    {
+        const wxRect shown = wxDisplay(i).GetGeometry().Intersect(rectangle);
+        const long area = static_cast<long>(shown.width) * shown.height;
+        if (area > bestArea)
+        {
+            best = static_cast<int>(i);
+            bestArea = area;
+        }
+    }
+    return best;
+}
 
 /// @a wanted made to fit into @a screen.
 wxRect FitInto(wxRect wanted, const wxRect& screen)
@@ -56,7 +75,7 @@ void CFormHandler::Restore(wxTopLevelWindow& window) const
                         std::max(least.x, PixelsOfTwips(window, Read("Width", 0))),
                         std::max(least.y, PixelsOfTwips(window, Read("Height", 0))));
     }
-    const int display = remembered ? wxDisplay::GetFromRect(wanted) : wxNOT_FOUND;
+    const int display = remembered ? DisplayOf(wanted) : wxNOT_FOUND;
     const wxRect screen =
         wxDisplay(display == wxNOT_FOUND ? 0U : static_cast<unsigned>(display)).GetClientArea();
     if (display == wxNOT_FOUND)

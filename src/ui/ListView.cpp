@@ -7,6 +7,7 @@
 #include <wx/msw/wrapcctl.h>
 #endif
 
+#include <algorithm>
 #include <utility>
 
 namespace velmo
@@ -58,6 +59,10 @@ ListView::ListView(wxWindow* parent, ListViewModel& model,
     });
     Bind(wxEVT_LIST_ITEM_SELECTED,
          [this](const wxListEvent& event) { TakeSelection(event.GetIndex()); });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        ShowWidths();
+    });
     model.Observe(this);
     OnColumnsChanged();
     OnRowsChanged();
@@ -88,13 +93,26 @@ void ListView::OnColumnsChanged()
 {
     if (!m_showing)
     {
-        int index = 0;
-        for (const ListColumn& column : m_model.Columns())
-        {
-            SetColumnWidth(index++, PixelsOfTwips(*this, column.width));
-        }
+        ShowWidths();
     }
     ShowMarks();
+}
+
+void ListView::ShowWidths()
+{
+    // The last column reaches to the right edge, so that no row ends in the middle of the control.
+    int left = GetClientSize().GetWidth();
+    int index = 0;
+    for (const ListColumn& column : m_model.Columns())
+    {
+        int width = PixelsOfTwips(*this, column.width);
+        if (static_cast<std::size_t>(index) + 1 == m_model.Columns().size())
+        {
+            width = std::max(width, left);
+        }
+        SetColumnWidth(index++, width);
+        left -= width;
+    }
 }
 
 void ListView::ShowMarks()

@@ -35,6 +35,7 @@ class ListView final : public wxListCtrl, private ListViewModel::Observer
 
     void ShowSelection();
     void ShowMarks();
+    void ShowWidths();
     void TakeSelection(long item);
 
     ListViewModel& m_model;

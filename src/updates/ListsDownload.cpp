@@ -120,9 +120,14 @@ void ListsDownload::AddErrorLine()
 {
     if (!m_cancelRequested)
     {
-        const Error& error = m_urlToFile.LastError();
-        m_statusBox.AddLine(InternetErrorText(error.code, error.description));
+        m_statusBox.AddLine(LastErrorText());
     }
+}
+
+std::string ListsDownload::LastErrorText() const
+{
+    const Error& error = m_urlToFile.LastError();
+    return InternetErrorText(error.code, error.description);
 }
 
 } // namespace velmo

@@ -61,6 +61,9 @@ class ListsDownload
     /// Whether the last fetch brought the version list; false before the first.
     [[nodiscard]] bool Succeeded() const { return m_succeeded; }
 
+    /// The sentence for the last failed download.
+    [[nodiscard]] std::string LastErrorText() const;
+
     /// Caption of the connect button.
     [[nodiscard]] static std::string_view ButtonCaption(bool busy);
 

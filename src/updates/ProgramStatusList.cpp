@@ -27,7 +27,7 @@ constexpr std::string_view kNotIntegrated = "-";
 std::vector<ListColumn> Columns()
 {
     return {
-        {"Program", 3000, {}},           {"Check for Update on Startup", 2850, {}},
+        {"Program", 3000, {}},           {"Check for Update on Startup", 3300, {}},
         {"Installed Version", 2100, {}}, {"Latest Version", 2100, {}},
         {"Need to Update", 2100, {}},
     };

@@ -41,7 +41,13 @@ std::string ProgramFolder()
 {
     std::error_code error;
     const std::string folder = WindowsPath(fs::read_symlink("/proc/self/exe", error).parent_path());
-    return folder.empty() ? kInstalledFolder : folder;
+    if (!folder.empty())
+    {
+        return folder;
+    }
+    // An executable that runs always has a folder.
+    fs::create_directories(NativePath(kInstalledFolder), error);
+    return kInstalledFolder;
 }
 
 } // namespace velmo::platform

@@ -31,6 +31,7 @@ struct Pair
 };
 
 constexpr std::array kPairs{
+    Pair{CURLE_OK, 0},
     Pair{CURLE_UNSUPPORTED_PROTOCOL, kNoHttp}, // An answer without a status line.
     Pair{CURLE_URL_MALFORMAT, 12005},
     Pair{CURLE_COULDNT_RESOLVE_PROXY, 12007},
@@ -157,6 +158,10 @@ class Exchange
             {
                 return kStopped;
             }
+            if (m_answered && !GiveHead())
+            {
+                return 0;
+            }
             if (running == 0)
             {
                 return Outcome();
@@ -181,17 +186,9 @@ class Exchange
         int left = 0;
         const CURLMsg* message = curl_multi_info_read(m_multi.get(), &left);
         const CURLcode result = message == nullptr ? CURLE_FAILED_INIT : message->data.result;
-        if (m_refused)
-        {
-            return 0;
-        }
-        if (result == CURLE_OK)
-        {
-            (void)GiveHead();
-            return 0;
-        }
+        // Cut short within its head, an answer is none, though the library may let it pass.
         const std::int32_t code = InternetCode(result);
-        const bool ended = code == kEndedTooEarly || code == kReset;
+        const bool ended = code == 0 || code == kEndedTooEarly || code == kReset;
         return ended && !m_answered ? kNoHttp : code;
     }
 
@@ -240,12 +237,16 @@ class Exchange
         auto& exchange = *static_cast<Exchange*>(self);
         exchange.m_lastSign = Clock::now();
         const std::string_view line(data, size * count);
-        exchange.m_answered = exchange.m_answered || line == "\r\n" || line == "\n";
-        if (line.starts_with("HTTP/"))
+        if (line == "\r\n" || line == "\n")
+        {
+            exchange.m_answered = exchange.m_answered || !exchange.m_interim;
+        }
+        else if (line.starts_with("HTTP/"))
         {
             // "HTTP/1.1 404 Not Found\r\n": what follows the number.
             const std::size_t number = line.find(' ');
             const std::size_t text = line.find(' ', number + 1);
+            exchange.m_interim = line.substr(number + 1).starts_with('1');
             const std::size_t end = line.find_last_not_of("\r\n ") + 1;
             exchange.m_reason =
                 text < end ? line.substr(text + 1, end - text - 1) : std::string_view();
@@ -272,6 +273,7 @@ class Exchange
     Easy m_easy{curl_easy_init()};
     Multi m_multi{curl_multi_init()};
     bool m_connected = false;
+    bool m_interim = false;  ///< The head that comes announces another.
     bool m_answered = false; ///< The response's head has come.
     bool m_headGiven = false;
     bool m_refused = false; ///< The sink wants no more.

@@ -1,0 +1,59 @@
+#include "companion/Commands.h"
+
+#include "companion/InspectCommand.h"
+#include "companion/StatusCommand.h"
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <ostream>
+
+namespace velmo::companion
+{
+namespace
+{
+
+/// One command: what it is called and says of itself, and how it adds its arguments. The action that
+/// SetUp() returns is run when the command was chosen.
+struct Command
+{
+    const char* name;
+    const char* description;
+    std::function<ExitCode(Output)> (*setUp)(CLI::App& command);
+};
+
+constexpr std::array kCommands{
+    Command{"status",
+            "Fetch the vendor's lists and print each program with its status. Exit code 0: nothing "
+            "needs an update, 3: something does, 5: the server could not be reached.",
+            SetUpStatus},
+    Command{"inspect", "Print every property of a file's version resource.", SetUpInspect},
+};
+
+} // namespace
+
+ExitCode Run(int argc, const char* const* argv, std::ostream& output, std::ostream& errors)
+{
+    CLI::App app("Velmo Software Update Manager without its windows", "velmoupdctl");
+    app.require_subcommand(1);
+    std::function<ExitCode(Output)> chosen;
+    for (const Command& command : kCommands)
+    {
+        CLI::App* sub = app.add_subcommand(command.name, command.description);
+        sub->callback([&chosen, action = command.setUp(*sub)] { chosen = action; });
+    }
+    try
+    {
+        app.parse(argc, argv);
+    }
+    catch (const CLI::ParseError& error)
+    {
+        // Asking for help ends the parsing too, but is no failure.
+        return app.exit(error, output, errors) == 0 ? ExitCode::Fine : ExitCode::WrongUsage;
+    }
+    return chosen({output, errors});
+}
+
+} // namespace velmo::companion

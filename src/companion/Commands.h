@@ -1,0 +1,26 @@
+#pragma once
+
+#include <iosfwd>
+
+/**
+    The console commands of velmoupdctl. Each prints its result to the output and one sentence for a
+    failure to the error output, both UTF-8.
+ */
+namespace velmo::companion
+{
+
+/// What the program's exit code says.
+enum class ExitCode : int
+{
+    Fine = 0,              ///< Nothing needs an update; the command did what was asked.
+    Failed = 1,            ///< What was asked for cannot be had; the error output says why.
+    WrongUsage = 2,        ///< Unknown command or option.
+    UpdatesAvailable = 3,  ///< At least one thing needs an update.
+    ServerUnreachable = 5, ///< The vendor's lists could not be fetched.
+};
+
+/// Runs the command that the arguments name.
+[[nodiscard]] ExitCode Run(int argc, const char* const* argv, std::ostream& output,
+                           std::ostream& errors);
+
+} // namespace velmo::companion

@@ -1,0 +1,104 @@
+#include "companion/InspectCommand.h"
+
+#include "catalogue/CFileVersionInfo.h"
+#include "platform/MFile.h"
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace velmo::companion
+{
+namespace
+{
+
+namespace MFile = platform::MFile;
+
+struct Property
+{
+    const char* name;
+    const std::string& (CFileVersionInfo::*value)() const;
+};
+
+constexpr std::array kProperties{
+    Property{"FullPathName", &CFileVersionInfo::FullPathName},
+    Property{"FileFlags", &CFileVersionInfo::FileFlags},
+    Property{"FileOS", &CFileVersionInfo::FileOS},
+    Property{"FileType", &CFileVersionInfo::FileType},
+    Property{"FileSubType", &CFileVersionInfo::FileSubType},
+    Property{"VerFile", &CFileVersionInfo::VerFile},
+    Property{"VerProduct", &CFileVersionInfo::VerProduct},
+    Property{"VerStructure", &CFileVersionInfo::VerStructure},
+    Property{"CompanyName", &CFileVersionInfo::CompanyName},
+    Property{"FileDescription", &CFileVersionInfo::FileDescription},
+    Property{"FileVersion", &CFileVersionInfo::FileVersion},
+    Property{"InternalName", &CFileVersionInfo::InternalName},
+    Property{"Language", &CFileVersionInfo::Language},
+    Property{"LegalCopyright", &CFileVersionInfo::LegalCopyright},
+    Property{"LegalTrademarks", &CFileVersionInfo::LegalTrademarks},
+    Property{"OriginalFilename", &CFileVersionInfo::OriginalFilename},
+    Property{"ProductName", &CFileVersionInfo::ProductName},
+    Property{"ProductVersion", &CFileVersionInfo::ProductVersion},
+};
+
+ExitCode InspectVersion(const std::string& file, Output output)
+{
+    const std::string path = MFile::FromCommandLine(file);
+    if (!MFile::FileExists(path))
+    {
+        output.errors << "There is no file " << file << ".\n";
+        return ExitCode::Failed;
+    }
+    CFileVersionInfo info;
+    try
+    {
+        info.FullPathName(path);
+    }
+    catch (const TranslationCodeError& fault)
+    {
+        // The fixed numbers are there all the same.
+        output.errors << file << ": " << fault.what() << "\n";
+    }
+    if (!info.Available())
+    {
+        output.errors << "The file " << file << " has no version resource.\n";
+        return ExitCode::Failed;
+    }
+    for (const Property& property : kProperties)
+    {
+        output.out << property.name << ": " << (info.*property.value)() << "\n";
+    }
+    return ExitCode::Fine;
+}
+
+ExitCode InspectAll(const std::vector<std::string>& files, Output output)
+{
+    ExitCode worst = ExitCode::Fine;
+    for (const std::string& file : files)
+    {
+        if (&file != &files.front())
+        {
+            output.out << "\n";
+        }
+        if (InspectVersion(file, output) != ExitCode::Fine)
+        {
+            worst = ExitCode::Failed;
+        }
+    }
+    return worst;
+}
+
+} // namespace
+
+std::function<ExitCode(Output)> SetUpInspect(CLI::App& command)
+{
+    const auto files = std::make_shared<std::vector<std::string>>();
+    command.add_option("FILE", *files, "Executables to look into")->required();
+    return [files](Output output) { return InspectAll(*files, output); };
+}
+
+} // namespace velmo::companion

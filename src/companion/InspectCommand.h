@@ -1,0 +1,19 @@
+#pragma once
+
+#include "companion/Commands.h"
+#include "companion/Output.h"
+
+#include <functional>
+
+namespace CLI
+{
+class App;
+}
+
+namespace velmo::companion
+{
+
+/// "inspect FILE...": one or more files.
+[[nodiscard]] std::function<ExitCode(Output)> SetUpInspect(CLI::App& command);
+
+} // namespace velmo::companion

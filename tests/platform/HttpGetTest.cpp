@@ -1,0 +1,254 @@
+#include "platform/HttpGet.h"
+
+#include "tests/support/DeadPort.h"
+#include "tests/support/FaultServer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <stop_token>
+#include <thread>
+
+namespace velmo::platform
+{
+namespace
+{
+
+using test::FaultServer;
+using testing::HasSubstr;
+using testing::Not;
+using namespace std::chrono_literals;
+
+class TextSink : public ByteSink
+{
+  public:
+    void Expect(std::uint64_t bytes) override { announced = bytes; }
+
+    Result<Done> Add(std::span<const std::byte> bytes) override
+    {
+        text.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+        return Done{};
+    }
+
+    std::string text;
+    std::optional<std::uint64_t> announced;
+};
+
+/// Time limits that no healthy exchange on this machine meets.
+HttpLimits Patient()
+{
+    return {60s, 60s};
+}
+
+HttpLimits Impatient()
+{
+    return {300ms, 300ms};
+}
+
+std::string AtPort(int port)
+{
+    return std::string("http://127.0.0.1:").append(std::to_string(port)).append("/x");
+}
+
+/// The code that a read ends with, 0 when all is well.
+std::int32_t CodeOf(const std::string& url, const HttpLimits& limits)
+{
+    TextSink sink;
+    const Result<Done> result = HttpGet(url, limits, sink);
+    return result ? 0 : result.Failure().code;
+}
+
+TEST(HttpGetTest, WhatTheServerSendsArrives)
+{
+    FaultServer server;
+    const std::string binary("a\0\r\n\xff z", 7);
+    server.Serve("/plain", binary);
+    server.Serve("/empty", "");
+    server.Play("/chunked", FaultServer::Chunked(binary));
+    server.Play("/drip", {FaultServer::Head(7), FaultServer::Drip(binary)});
+    server.Play("/untold", {FaultServer::Send("HTTP/1.0 200 OK\r\nServer: x\r\n\r\n" + binary)});
+    server.Play("/moved", FaultServer::Redirect("plain"));
+    server.Play("/moved-on", FaultServer::Redirect(server.Url("/moved", "HTTP")));
+    server.Serve("/My%20%C3%84.exe", binary);
+
+    struct Row
+    {
+        const char* path;
+        std::string content;
+        std::optional<std::uint64_t> announced;
+    };
+    const Row rows[] = {
+        {"/plain?a=b%20c", binary, 7}, {"/empty", "", 0},          {"/chunked", binary, {}},
+        {"/drip", binary, 7},          {"/untold", binary, {}},    {"/moved", binary, 7},
+        {"/moved-on", binary, 7},      {"/plain#part", binary, 7}, {"/My \xC3\x84.exe", binary, 7},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.path);
+        TextSink sink;
+        const Result<Done> result = HttpGet(server.Url(row.path), Patient(), sink);
+        EXPECT_TRUE(result.Ok());
+        EXPECT_EQ(sink.text, row.content);
+        EXPECT_EQ(sink.announced, row.announced);
+    }
+    EXPECT_THAT(server.Requests().front(), HasSubstr("GET /plain?a=b%20c HTTP/1.1\r\n"));
+    EXPECT_THAT(server.Requests().front(), HasSubstr("no-cache"));
+}
+
+TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
+{
+    struct Fault
+    {
+        const char* name;
+        FaultServer::Script script;
+        std::int32_t code;
+    };
+    const auto head = FaultServer::Head(1000);
+    const std::string part(500, 'x');
+    const Fault faults[] = {
+        {"not found", FaultServer::Answer("404 Not Found", "sorry"), 12028},
+        {"gone", FaultServer::Answer("410 Gone"), 12028},
+        {"server error", FaultServer::Answer("500 Internal Server Error", "sorry"), 12003},
+        {"sign-in wanted", FaultServer::Answer("401 Unauthorized"), 12003},
+        {"redirect to nowhere", FaultServer::Answer("302 Found"), 12003},
+        {"redirect to itself", FaultServer::Redirect("/x"), 12156},
+        {"redirect to ftp", FaultServer::Redirect("ftp://127.0.0.1/x"), 12006},
+        {"redirect to a file", FaultServer::Redirect("file:///etc/passwd"), 12006},
+        {"closed before the head", {}, 12152},
+        {"reset before the head", {FaultServer::Reset()}, 12152},
+        {"closed within the head", {FaultServer::Send("HTTP/1.1 200 OK\r\nContent-Len")}, 12152},
+        {"no HTTP", {FaultServer::Send("SSH-2.0-server\r\nsomething else\r\n")}, 12152},
+        {"closed after the head", {head}, 12030},
+        {"closed within the body", {head, FaultServer::Send(part)}, 12030},
+        {"cut chunk", FaultServer::Chunked(part, false), 12030},
+        {"reset within the body", {head, FaultServer::Send(part), FaultServer::Reset()}, 12031},
+        {"announced too large", {FaultServer::Head(5000)}, 223},
+        {"too large", FaultServer::Chunked(std::string(2000, 'x')), 223},
+    };
+    HttpLimits limits = Patient();
+    limits.mostBytes = 1500;
+    for (const Fault& fault : faults)
+    {
+        SCOPED_TRACE(fault.name);
+        FaultServer server;
+        server.Play("/x", fault.script);
+        EXPECT_EQ(CodeOf(server.Url("/x"), limits), fault.code);
+    }
+}
+
+TEST(HttpGetTest, AServerThatFallsSilentIsATimeout)
+{
+    FaultServer server;
+    server.Play("/silent", {FaultServer::Hold()});
+    server.Play("/stalls", {FaultServer::Head(1000), FaultServer::Send("x"), FaultServer::Hold()});
+    server.PlayToSecureClients({FaultServer::Hold()});
+    const test::DeadPort dead;
+    const std::string urls[] = {
+        server.Url("/silent"),
+        server.Url("/stalls"),
+        server.Url("/silent", "https"),
+        AtPort(dead.Number()),
+    };
+    for (const std::string& url : urls)
+    {
+        SCOPED_TRACE(url);
+        EXPECT_EQ(CodeOf(url, Impatient()), 12002);
+    }
+}
+
+TEST(HttpGetTest, AddressesThatLeadNowhereAreToldApart)
+{
+    const FaultServer server;
+    const struct
+    {
+        std::string url;
+        std::int32_t code;
+    } rows[] = {
+        {"", 12005},
+        {"http://", 12005},
+        {"https:///x", 12005},
+        {"http://127.0.0.1:99999/", 12005},
+        {"127.0.0.1/x", 12006},
+        {"ftp://127.0.0.1/x", 12006},
+        {"file:///C:/x", 12006},
+        {"http://no-such-host.invalid/x", 12007},
+        {AtPort(test::ClosedPort()), 12029},
+        {server.Url("/x", "https"), 12157},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.url);
+        EXPECT_EQ(CodeOf(row.url, Patient()), row.code);
+    }
+}
+
+TEST(HttpGetTest, FiveRedirectsAreFollowedAndASixthIsNot)
+{
+    FaultServer server;
+    for (int i = 1; i <= 6; ++i)
+    {
+        server.Play("/" + std::to_string(i), FaultServer::Redirect("/" + std::to_string(i - 1)));
+    }
+    server.Serve("/0", "here");
+    EXPECT_EQ(CodeOf(server.Url("/5"), Patient()), 0);
+    EXPECT_EQ(CodeOf(server.Url("/6"), Patient()), 12156);
+    EXPECT_EQ(server.CountOf("/0"), 1);
+}
+
+TEST(HttpGetTest, AnErrorStatusDescribesItselfAndItsPageIsNotPassedOn)
+{
+    FaultServer server;
+    server.Play("/x", FaultServer::Answer("503 Back at noon", "<html>"));
+    TextSink sink;
+    const Result<Done> result = HttpGet(server.Url("/x"), Patient(), sink);
+    ASSERT_FALSE(result.Ok());
+    EXPECT_EQ(result.Failure().description, "503 Back at noon");
+    EXPECT_EQ(sink.text, "");
+}
+
+TEST(HttpGetTest, TheSinksErrorEndsTheTransfer)
+{
+    class FullSink final : public TextSink
+    {
+        Result<Done> Add(std::span<const std::byte>) override { return Error{112, "full"}; }
+    };
+    FaultServer server;
+    server.Play("/x", {FaultServer::Head(1000), FaultServer::Send("x"), FaultServer::Hold()});
+    FullSink sink;
+    const Result<Done> result = HttpGet(server.Url("/x"), Patient(), sink);
+    ASSERT_FALSE(result.Ok());
+    EXPECT_EQ(result.Failure().code, 112);
+}
+
+// With limits of a minute these would hit the suite's time limit if a stop request were not heard.
+TEST(HttpGetTest, AStopRequestEndsAReadWhereverItIs)
+{
+    FaultServer server;
+    server.Play("/silent", {FaultServer::Hold()});
+    server.Play("/stalls", {FaultServer::Head(9), FaultServer::Send("x"), FaultServer::Hold()});
+    for (const char* path : {"/silent", "/stalls"})
+    {
+        SCOPED_TRACE(path);
+        std::stop_source stop;
+        const std::jthread stopper([&] {
+            server.AwaitRequest(path);
+            stop.request_stop();
+        });
+        TextSink sink;
+        const HttpLimits limits{10min, 10min};
+        const Result<Done> result = HttpGet(server.Url(path), limits, sink, stop.get_token());
+        ASSERT_FALSE(result.Ok());
+        EXPECT_EQ(result.Failure().code, 12017);
+    }
+    std::stop_source stopped;
+    stopped.request_stop();
+    TextSink sink;
+    const auto result = HttpGet(server.Url("/other"), Patient(), sink, stopped.get_token());
+    ASSERT_FALSE(result.Ok());
+    EXPECT_EQ(result.Failure().code, 12017);
+    EXPECT_EQ(server.CountOf("/other"), 0);
+}
+
+} // namespace
+} // namespace velmo::platform

@@ -1,0 +1,260 @@
+#include "tests/support/FaultServer.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <utility>
+
+namespace velmo::test
+{
+namespace
+{
+
+constexpr std::chrono::milliseconds kDripPause{5};
+constexpr char kTlsHandshake = 0x16; ///< First byte of a client that begins a secure connection.
+
+/// "GET /a/b?c HTTP/1.1 ..." -> "/a/b"
+std::string PathOf(const std::string& head)
+{
+    const std::size_t start = std::min(head.find(' '), head.size() - 1) + 1;
+    const std::size_t end = head.find_first_of(" ?\r", start);
+    return head.substr(start, end - start);
+}
+
+std::string ReadHead(const LoopbackSocket& socket)
+{
+    std::string head;
+    while (head.find("\r\n\r\n") == std::string::npos)
+    {
+        const std::string more = socket.Receive();
+        head += more;
+        if (more.empty() || head.front() == kTlsHandshake)
+        {
+            break;
+        }
+    }
+    return head;
+}
+
+} // namespace
+
+FaultServer::FaultServer()
+    : m_listener(LoopbackSocket::Listening(64)), m_port(m_listener.Port()),
+      m_acceptor([this] { AcceptAll(); })
+{}
+
+FaultServer::~FaultServer()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stopping = true;
+        for (const Connection& connection : m_connections)
+        {
+            if (connection.socket.IsOpen())
+            {
+                connection.socket.Shutdown();
+            }
+        }
+    }
+    m_changed.notify_all();
+    // One connection more wakes the acceptor on every system.
+    const LoopbackSocket last = LoopbackSocket::Connecting(m_port);
+    m_acceptor.join();
+    for (Connection& connection : m_connections)
+    {
+        connection.thread.join();
+    }
+}
+
+std::string FaultServer::Url(std::string_view path, std::string_view scheme) const
+{
+    return std::string(scheme) + "://127.0.0.1:" + std::to_string(m_port) + std::string(path);
+}
+
+void FaultServer::Play(const std::string& path, Script script)
+{
+    const std::lock_guard lock(m_mutex);
+    m_scripts[path] = std::move(script);
+}
+
+void FaultServer::Serve(const std::string& path, std::string_view content)
+{
+    Play(path, Answer("200 OK", content));
+}
+
+void FaultServer::PlayToSecureClients(Script script)
+{
+    const std::lock_guard lock(m_mutex);
+    m_secureScript = std::move(script);
+}
+
+void FaultServer::Release(const std::string& path)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_released[path] = true;
+    }
+    m_changed.notify_all();
+}
+
+void FaultServer::AwaitRequest(const std::string& path)
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [&] {
+        return std::any_of(m_requests.begin(), m_requests.end(),
+                           [&](const std::string& head) { return PathOf(head) == path; });
+    });
+}
+
+std::vector<std::string> FaultServer::Requests() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_requests;
+}
+
+int FaultServer::CountOf(const std::string& path) const
+{
+    const std::lock_guard lock(m_mutex);
+    return static_cast<int>(
+        std::count_if(m_requests.begin(), m_requests.end(),
+                      [&](const std::string& head) { return PathOf(head) == path; }));
+}
+
+FaultServer::Script FaultServer::Answer(std::string_view statusLine, std::string_view content)
+{
+    return {Send("HTTP/1.1 " + std::string(statusLine) +
+                 "\r\nContent-Length: " + std::to_string(content.size()) +
+                 "\r\nConnection: close\r\n\r\n" + std::string(content))};
+}
+
+FaultServer::Step FaultServer::Head(std::uint64_t length)
+{
+    return Send("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(length) +
+                "\r\nConnection: close\r\n\r\n");
+}
+
+FaultServer::Step FaultServer::Send(std::string_view bytes, std::uint64_t times)
+{
+    return {Step::Kind::Send, std::string(bytes), times};
+}
+
+FaultServer::Step FaultServer::Drip(std::string_view bytes)
+{
+    return {Step::Kind::Drip, std::string(bytes)};
+}
+
+FaultServer::Step FaultServer::Hold()
+{
+    return {Step::Kind::Hold, {}};
+}
+
+FaultServer::Step FaultServer::Reset()
+{
+    return {Step::Kind::Reset, {}};
+}
+
+FaultServer::Script FaultServer::Redirect(std::string_view location)
+{
+    return {Send("HTTP/1.1 302 Found\r\nLocation: " + std::string(location) +
+                 "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n")};
+}
+
+FaultServer::Script FaultServer::Chunked(std::string_view content, bool finish)
+{
+    std::array<char, 20> size{};
+    std::snprintf(size.data(), size.size(), "%zx\r\n", content.size());
+    return {Send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\nConnection: close\r\n\r\n" +
+                 std::string(size.data()) + std::string(content) +
+                 (finish ? "\r\n0\r\n\r\n" : ""))};
+}
+
+void FaultServer::AcceptAll()
+{
+    for (;;)
+    {
+        LoopbackSocket socket = m_listener.Accept();
+        const std::lock_guard lock(m_mutex);
+        if (m_stopping)
+        {
+            return;
+        }
+        if (socket.IsOpen())
+        {
+            Connection& connection = m_connections.emplace_back();
+            connection.socket = std::move(socket);
+            connection.thread = std::thread([this, &connection] { Talk(connection); });
+        }
+    }
+}
+
+void FaultServer::Talk(Connection& connection)
+{
+    const std::string head = ReadHead(connection.socket);
+    if (head.empty())
+    {
+        return;
+    }
+    const std::string path = PathOf(head);
+    for (const Step& step : ScriptFor(head, path))
+    {
+        if (!PlayStep(connection, step, path))
+        {
+            return;
+        }
+    }
+    connection.socket.Shutdown();
+}
+
+FaultServer::Script FaultServer::ScriptFor(const std::string& head, const std::string& path)
+{
+    const std::lock_guard lock(m_mutex);
+    if (head.front() == kTlsHandshake)
+    {
+        return m_secureScript;
+    }
+    m_requests.push_back(head);
+    m_changed.notify_all();
+    const auto script = m_scripts.find(path);
+    return script == m_scripts.end() ? Answer("404 Not Found", "no such page") : script->second;
+}
+
+bool FaultServer::PlayStep(Connection& connection, const Step& step, const std::string& path)
+{
+    switch (step.kind)
+    {
+    case Step::Kind::Send: {
+        bool sent = true;
+        for (std::uint64_t i = 0; sent && i < step.times; ++i)
+        {
+            sent = connection.socket.Send(step.bytes);
+        }
+        return sent;
+    }
+    case Step::Kind::Drip: {
+        for (std::size_t i = 0; i < step.bytes.size(); ++i)
+        {
+            std::unique_lock lock(m_mutex);
+            if (m_changed.wait_for(lock, kDripPause, [this] { return m_stopping; }) ||
+                !connection.socket.Send(std::string_view(step.bytes).substr(i, 1)))
+            {
+                return false;
+            }
+        }
+        return true;
+    }
+    case Step::Kind::Hold: {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [&] { return m_stopping || m_released[path]; });
+        return !m_stopping;
+    }
+    case Step::Kind::Reset: {
+        const std::lock_guard lock(m_mutex);
+        connection.socket.Reset();
+        return false;
+    }
+    }
+    return false;
+}
+
+} // namespace velmo::test
