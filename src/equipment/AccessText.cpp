@@ -1,18 +1,12 @@
 #include "equipment/AccessText.h"
 
 #include "platform/AnsiText.h"
-
-#include <algorithm>
+#include "settings/TextCase.h"
 
 namespace velmo
 {
 namespace
 {
-
-char LowerAscii(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 /// UTF-16 of compressed text: one byte a character, until a zero byte changes to two bytes a
 /// character, and back again.
@@ -62,7 +56,7 @@ std::string AccessName(ByteView stored, const JetFormat& format)
 
 bool IsSameAccessName(std::string_view a, std::string_view b)
 {
-    return std::ranges::equal(a, b, {}, LowerAscii, LowerAscii);
+    return a.size() == b.size() && LowerCase(a) == LowerCase(b);
 }
 
 } // namespace velmo

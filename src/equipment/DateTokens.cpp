@@ -1,5 +1,7 @@
 #include "equipment/DateTokens.h"
 
+#include "settings/TextCase.h"
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -25,14 +27,9 @@ constexpr bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-constexpr char Lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 constexpr bool IsLetter(char c)
 {
-    return Lower(c) >= 'a' && Lower(c) <= 'z';
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
 /// Place of a name that is written in full or as its first three letters.
@@ -47,8 +44,7 @@ std::optional<int> PlaceOf(std::string_view word, const std::array<std::string_v
 
 std::optional<DateToken> Word(std::string_view text)
 {
-    std::string word(text);
-    std::ranges::transform(word, word.begin(), Lower);
+    const std::string word = LowerCase(text);
     if (const auto month = PlaceOf(word, kMonths))
     {
         return DateToken{Kind::Month, *month + 1};
