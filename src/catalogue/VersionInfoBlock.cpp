@@ -13,46 +13,17 @@ namespace
 {
 
 constexpr std::size_t kHeaderSize = 6; // Three words: length, value length, kind.
+constexpr std::string_view kRootName = "VS_VERSION_INFO";
 
 std::size_t Align(std::size_t offset)
 {
     return (offset + 3) & ~std::size_t{3};
 }
 
-/// One node; views of its parts within the resource.
-struct Node
-{
-    std::string_view name; ///< UTF-16 bytes without the terminating zero.
-    bool isText = false;
-    std::string_view value;
-    std::string_view children;
-};
-
-std::string_view Part(std::string_view bytes, std::size_t start, std::size_t size)
+std::string_view Part(std::string_view bytes, std::size_t start,
+                      std::size_t size = std::string_view::npos)
 {
     return start < bytes.size() ? bytes.substr(start, size) : std::string_view();
-}
-
-/// The node that fills @a bytes. Absent when it has no complete name.
-std::optional<Node> ReadNode(std::string_view bytes)
-{
-    std::size_t nameEnd = kHeaderSize;
-    while (nameEnd + 2 <= bytes.size() && Load16(bytes, nameEnd) != 0)
-    {
-        nameEnd += 2;
-    }
-    if (nameEnd + 2 > bytes.size())
-    {
-        return std::nullopt;
-    }
-    Node node;
-    node.name = bytes.substr(kHeaderSize, nameEnd - kHeaderSize);
-    node.isText = Load16(bytes, 4) != 0;
-    const std::size_t valueStart = Align(nameEnd + 2);
-    const std::size_t valueSize = std::size_t{Load16(bytes, 2)} * (node.isText ? 2 : 1);
-    node.value = Part(bytes, valueStart, valueSize);
-    node.children = Part(bytes, Align(valueStart + valueSize), std::string_view::npos);
-    return node;
 }
 
 char Lower(char c)
@@ -60,16 +31,18 @@ char Lower(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
-/// Compares UTF-16 bytes with an ASCII name.
-bool IsNamed(const Node& node, std::string_view name)
+/// Compares the UTF-16 name of the node at the start of @a bytes with an ASCII name.
+bool IsNamed(std::string_view bytes, std::string_view name)
 {
-    if (node.name.size() != name.size() * 2)
+    const std::size_t end = kHeaderSize + 2 * name.size();
+    if (bytes.size() < end + 2 || Load16(bytes, end) != 0)
     {
         return false;
     }
     for (std::size_t i = 0; i < name.size(); ++i)
     {
-        if (node.name[2 * i + 1] != '\0' || Lower(node.name[2 * i]) != Lower(name[i]))
+        const std::size_t at = kHeaderSize + 2 * i;
+        if (bytes[at + 1] != '\0' || Lower(bytes[at]) != Lower(name[i]))
         {
             return false;
         }
@@ -77,32 +50,53 @@ bool IsNamed(const Node& node, std::string_view name)
     return true;
 }
 
-std::optional<Node> FindChild(std::string_view children, std::string_view name)
+/// One node; views of its parts within the resource.
+struct Node
 {
-    while (children.size() >= kHeaderSize)
+    bool isText = false;
+    std::string_view value;
+    std::string_view children;    ///< From the first child to the resource's end.
+    std::size_t childrenSize = 0; ///< Children start within this size.
+};
+
+/// The node at the start of @a bytes, when it bears that name. The bytes go on to the resource's end:
+/// as in Windows, a node's length only says where the next one starts and which are its children.
+std::optional<Node> ReadNode(std::string_view bytes, std::string_view name)
+{
+    if (!IsNamed(bytes, name))
     {
-        const std::size_t length = Load16(children, 0);
+        return std::nullopt;
+    }
+    Node node;
+    node.isText = Load16(bytes, 4) != 0;
+    const std::size_t valueStart = Align(kHeaderSize + 2 * name.size() + 2);
+    const std::size_t valueSize = std::size_t{Load16(bytes, 2)} * (node.isText ? 2 : 1);
+    node.value = Part(bytes, valueStart, valueSize);
+    const std::size_t childrenStart = Align(valueStart + valueSize);
+    const std::size_t length = Load16(bytes, 0);
+    node.children = Part(bytes, childrenStart);
+    node.childrenSize = length > childrenStart ? length - childrenStart : 0;
+    return node;
+}
+
+std::optional<Node> FindChild(const Node& parent, std::string_view name)
+{
+    std::size_t start = 0;
+    while (start < parent.childrenSize && start + kHeaderSize <= parent.children.size())
+    {
+        const std::string_view bytes = parent.children.substr(start);
+        const std::size_t length = Load16(bytes, 0);
         if (length < kHeaderSize)
         {
             return std::nullopt;
         }
-        const auto node = ReadNode(children.substr(0, length));
-        if (node && IsNamed(*node, name))
+        if (auto node = ReadNode(bytes, name))
         {
             return node;
         }
-        children = Part(children, Align(length), std::string_view::npos);
+        start += Align(length);
     }
     return std::nullopt;
-}
-
-std::optional<Node> ReadRoot(std::string_view bytes)
-{
-    if (bytes.size() < kHeaderSize)
-    {
-        return std::nullopt;
-    }
-    return ReadNode(bytes.substr(0, Load16(bytes, 0)));
 }
 
 } // namespace
@@ -111,8 +105,7 @@ VersionInfoBlock::VersionInfoBlock(std::string bytes) : m_bytes(std::move(bytes)
 
 std::optional<VersionInfoBlock> VersionInfoBlock::FromBytes(std::string bytes)
 {
-    const auto root = ReadRoot(bytes);
-    if (!root || !IsNamed(*root, "VS_VERSION_INFO"))
+    if (!ReadNode(bytes, kRootName) || Load16(bytes, 0) < kHeaderSize)
     {
         return std::nullopt;
     }
@@ -137,7 +130,7 @@ FixedFileInfo VersionInfoBlock::FixedInfo() const
         &FixedFileInfo::dateLow,
     };
     FixedFileInfo info;
-    const auto root = ReadRoot(m_bytes);
+    const auto root = ReadNode(m_bytes, kRootName);
     if (root && root->value.size() >= kFields.size() * 4)
     {
         for (std::size_t i = 0; i < kFields.size(); ++i)
@@ -151,10 +144,10 @@ FixedFileInfo VersionInfoBlock::FixedInfo() const
 std::optional<std::string> VersionInfoBlock::Value(
     std::initializer_list<std::string_view> names) const
 {
-    auto node = ReadRoot(m_bytes);
+    auto node = ReadNode(m_bytes, kRootName);
     for (const std::string_view name : names)
     {
-        node = node ? FindChild(node->children, name) : std::nullopt;
+        node = node ? FindChild(*node, name) : std::nullopt;
     }
     if (!node || node->value.empty())
     {

@@ -39,7 +39,7 @@ class VersionInfoBlock
     /// Takes the resource's bytes. Absent when they do not start with a version tree's root.
     [[nodiscard]] static std::optional<VersionInfoBlock> FromBytes(std::string bytes);
 
-    /// All zero when the root has no value, as of an executable with texts only.
+    /// All zero when the root does not have the whole of it, as of an executable with texts only.
     [[nodiscard]] FixedFileInfo FixedInfo() const;
 
     /// The value of the node at the end of @a names, top down from the root's children, without its
