@@ -1,8 +1,8 @@
 #include "catalogue/PeVersionResource.h"
 
 #include "catalogue/VersionInfoBlock.h"
-#include "sample/PeImageWriter.h"
 #include "platform/MFile.h"
+#include "sample/PeImageWriter.h"
 #include "tests/support/TemporaryDesktop.h"
 
 #include <gtest/gtest.h>
