@@ -2,11 +2,11 @@
 
 #include "app/WindowSettings.h"
 #include "catalogue/ProgramCatalogue.h"
-#include "controls/CListViewHandler.h"
 #include "manager/UpdateManager.h"
 #include "platform/MessageLoop.h"
 #include "ui/BrowserPane.h"
 #include "ui/CHorizontalSplitter.h"
+#include "ui/CListViewHandler.h"
 #include "ui/ListView.h"
 #include "ui/WxText.h"
 

@@ -5,14 +5,15 @@
 #include "app/EmptyPage.h"
 #include "app/ProgramsPage.h"
 #include "app/WindowSettings.h"
-#include "controls/CListViewHandler.h"
 #include "controls/UserPrompts.h"
 #include "platform/MessageLoop.h"
 #include "settings/TextCase.h"
 #include "ui/CFormHandler.h"
+#include "ui/CListViewHandler.h"
 #include "ui/WxText.h"
 
 #include <wx/accel.h>
+#include <wx/app.h>
 #include <wx/artprov.h>
 #include <wx/iconbndl.h>
 #include <wx/menu.h>

@@ -1,7 +1,7 @@
 #include "catalogue/PeVersionResource.h"
 
 #include "catalogue/VersionInfoBlock.h"
-#include "demo/PeImageWriter.h"
+#include "sample/PeImageWriter.h"
 #include "platform/MFile.h"
 #include "tests/support/TemporaryDesktop.h"
 

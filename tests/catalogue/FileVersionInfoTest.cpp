@@ -1,6 +1,6 @@
 #include "catalogue/CFileVersionInfo.h"
 
-#include "demo/PeImageWriter.h"
+#include "sample/PeImageWriter.h"
 #include "tests/support/TemporaryDesktop.h"
 
 #include <gtest/gtest.h>

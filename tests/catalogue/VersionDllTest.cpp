@@ -2,7 +2,7 @@
 #include "catalogue/CFileVersionInfo.h"
 #include "catalogue/PeVersionResource.h"
 #include "catalogue/VersionInfoBlock.h"
-#include "demo/PeImageWriter.h"
+#include "sample/PeImageWriter.h"
 #include "platform/DesktopFolders.h"
 #include "platform/MFile.h"
 #include "tests/support/TemporaryDesktop.h"

@@ -1,4 +1,4 @@
-#include "controls/CListViewHandler.h"
+#include "ui/CListViewHandler.h"
 
 #include "settings/CINIFileHandler.h"
 
