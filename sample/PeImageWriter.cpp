@@ -213,7 +213,7 @@ std::string OptionalHeader(bool is64Bit, std::size_t resourceSize)
     Put32(header, 0);
     Put16(header, kConsole);
     Put16(header, kDataExecutionPrevention);
-    for (const std::uint64_t size : {0x100000, 0x1000, 0x100000, 0x1000}) // Stack, heap.
+    for (const std::uint64_t size : {0x100000U, 0x1000U, 0x100000U, 0x1000U}) // Stack, heap.
     {
         PutWide(header, is64Bit, size);
     }

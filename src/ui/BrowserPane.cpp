@@ -18,6 +18,12 @@ namespace
 
 constexpr int kMargin = 16;
 
+/// A blue that is readable on the background; the system's own link colour need not be.
+wxColour LinkColour(const wxColour& background)
+{
+    return background.GetLuminance() > 0.5 ? wxColour(0, 84, 180) : wxColour(120, 180, 255);
+}
+
 } // namespace
 
 BrowserPane::BrowserPane(wxWindow* parent, const wxString& name, const wxString& emptyText,
@@ -26,10 +32,11 @@ BrowserPane::BrowserPane(wxWindow* parent, const wxString& name, const wxString&
 {
     SetName(name);
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
-    m_text = new wxStaticText(this, wxID_ANY, emptyText);
+    m_text = new wxStaticText(this, wxID_ANY, emptyText, wxDefaultPosition, wxDefaultSize,
+                              wxST_NO_AUTORESIZE);
     m_text->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(m_text, wxSizerFlags().Border(wxALL, FromDIP(kMargin)));
+    sizer->Add(m_text, wxSizerFlags().Expand().Border(wxALL, FromDIP(kMargin)));
     SetSizer(sizer);
     Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
         event.Skip();
@@ -88,7 +95,7 @@ void BrowserPane::ShowAsLink()
         m_link = new wxButton(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxBORDER_NONE | wxBU_LEFT);
         m_link->SetBackgroundColour(GetBackgroundColour());
-        m_link->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT));
+        m_link->SetForegroundColour(LinkColour(GetBackgroundColour()));
         m_link->SetFont(GetFont().Underlined());
         m_link->SetCursor(wxCursor(wxCURSOR_HAND));
         m_link->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_openOutside(m_address); });

@@ -3,6 +3,7 @@
 #include "platform/posix/DesktopPath.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace velmo::platform
 {
@@ -25,6 +26,7 @@ std::string WindowsPath(const fs::path& folder)
         return {};
     }
     path.erase(0, kDrivePrefix.size());
+    path.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(path.front())));
     path.insert(1, ":");
     std::replace(path.begin(), path.end(), '/', '\\');
     return path + "\\";
@@ -40,7 +42,7 @@ std::string WindowsDirectory()
 std::string ProgramFolder()
 {
     std::error_code error;
-    const std::string folder = WindowsPath(fs::read_symlink("/proc/self/exe", error).parent_path());
+    std::string folder = WindowsPath(fs::read_symlink("/proc/self/exe", error).parent_path());
     if (!folder.empty())
     {
         return folder;

@@ -1,0 +1,114 @@
+#include "equipment/AccessTable.h"
+
+#include "equipment/AccessText.h"
+
+#include <algorithm>
+
+namespace velmo
+{
+namespace
+{
+
+constexpr std::size_t kNextPage = 4;
+constexpr std::size_t kLength = 8;
+constexpr std::size_t kContinuationHeader = 8;
+constexpr std::uint8_t kFixedFlag = 0x01;
+
+/// Far more than 255 columns and 32 indexes with their names can take.
+constexpr std::size_t kMostPages = 64;
+
+} // namespace
+
+Result<AccessTable> AccessTable::Read(AccessPages& pages, std::uint32_t page)
+{
+    const auto first = pages.Page(page, AccessPageType::TableDefinition);
+    if (!first)
+    {
+        return first.Failure();
+    }
+    AccessTable table(pages.Format(), page);
+    table.m_definition = first.Value();
+    if (first.Value().U32(kNextPage) != 0)
+    {
+        if (const auto joined = table.Join(pages, first.Value()); !joined)
+        {
+            return joined.Failure();
+        }
+    }
+    return table;
+}
+
+Result<Done> AccessTable::Join(AccessPages& pages, ByteView firstPage)
+{
+    const std::size_t length = firstPage.U32(kLength);
+    if (length > kMostPages * m_format->pageSize)
+    {
+        return DamagedAccessFile("a table's definition claims to be too long");
+    }
+    std::vector<std::uint32_t> visited = {m_page};
+    m_joined.assign(firstPage.Bytes().begin(), firstPage.Bytes().end());
+    for (std::uint32_t next = firstPage.U32(kNextPage); next != 0;)
+    {
+        if (visited.size() >= kMostPages || std::ranges::find(visited, next) != visited.end())
+        {
+            return DamagedAccessFile("a table's definition goes round in circles");
+        }
+        visited.push_back(next);
+        const auto page = pages.Page(next, AccessPageType::TableDefinition);
+        if (!page)
+        {
+            return page.Failure();
+        }
+        const ByteView more = page.Value().From(kContinuationHeader);
+        m_joined.insert(m_joined.end(), more.Bytes().begin(), more.Bytes().end());
+        next = page.Value().U32(kNextPage);
+    }
+    m_definition = ByteView(m_joined);
+    return Done{};
+}
+
+AccessRowPointer AccessTable::UsageMap() const
+{
+    return AccessRowPointer(m_definition.U32(m_format->usageMapPointer));
+}
+
+bool AccessTable::HasVariableColumns() const
+{
+    return m_definition.U16(m_format->variableColumnCount) != 0;
+}
+
+Result<std::optional<AccessColumn>> AccessTable::FindColumn(std::string_view name) const
+{
+    const JetFormat& format = *m_format;
+    const std::size_t count = m_definition.U16(format.columnCount);
+    const std::size_t columns =
+        format.indexCounters +
+        std::size_t{m_definition.U32(format.realIndexCount)} * format.indexCounterSize;
+    std::size_t names = columns + count * format.columnSize;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        const std::size_t length =
+            format.nameLengthSize == 1 ? m_definition.U8(names) : m_definition.U16(names);
+        const auto stored = m_definition.Part(names + format.nameLengthSize, length);
+        if (!stored)
+        {
+            return DamagedAccessFile("a table's definition ends too early");
+        }
+        names += format.nameLengthSize + length;
+        if (!IsSameAccessName(AccessName(*stored, format), name))
+        {
+            continue;
+        }
+        const ByteView column = m_definition.From(columns + i * format.columnSize);
+        return std::optional(
+            AccessColumn{.type = static_cast<AccessType>(column.U8(0)),
+                         .number = column.U16(format.columnNumber),
+                         .isFixed = (column.U8(format.columnFlags) & kFixedFlag) != 0,
+                         .variableIndex = column.U16(format.columnVariableIndex),
+                         .fixedOffset = column.U16(format.columnFixedOffset),
+                         .length = column.U16(format.columnLength)});
+    }
+    return std::optional<AccessColumn>();
+}
+
+} // namespace velmo

@@ -1,0 +1,153 @@
+#include "equipment/DateTokens.h"
+
+#include "settings/TextCase.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace velmo
+{
+namespace
+{
+
+using Kind = DateToken::Kind;
+
+constexpr int kTooLarge = 10'000;
+
+constexpr std::array<std::string_view, 12> kMonths = {
+    "january", "february", "march",     "april",   "may",      "june",
+    "july",    "august",   "september", "october", "november", "december"};
+constexpr std::array<std::string_view, 7> kWeekdays = {"sunday",   "monday", "tuesday", "wednesday",
+                                                       "thursday", "friday", "saturday"};
+constexpr std::array<std::string_view, 4> kMeridiems = {"am", "a", "pm", "p"};
+
+constexpr bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+constexpr bool IsLetter(char c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+/// Place of a name that is written in full or as its first three letters.
+template <std::size_t N>
+std::optional<int> PlaceOf(std::string_view word, const std::array<std::string_view, N>& names)
+{
+    const auto found = std::ranges::find_if(
+        names, [word](std::string_view name) { return name == word || name.substr(0, 3) == word; });
+    return found == names.end() ? std::nullopt
+                                : std::optional(static_cast<int>(found - names.begin()));
+}
+
+std::optional<DateToken> Word(std::string_view text)
+{
+    const std::string word = LowerCase(text);
+    if (const auto month = PlaceOf(word, kMonths))
+    {
+        return DateToken{Kind::Month, *month + 1};
+    }
+    if (PlaceOf(word, kWeekdays))
+    {
+        return DateToken{Kind::Weekday};
+    }
+    if (const auto meridiem = PlaceOf(word, kMeridiems))
+    {
+        return DateToken{Kind::Meridiem, *meridiem / 2};
+    }
+    return std::nullopt;
+}
+
+std::optional<DateToken> Mark(char c)
+{
+    switch (c)
+    {
+    case '/':
+    case '-':
+        return DateToken{Kind::DateMark};
+    case ':':
+    case '.':
+        return DateToken{Kind::TimeMark};
+    case ',':
+        return DateToken{Kind::Comma};
+    default:
+        return std::nullopt;
+    }
+}
+
+DateToken Number(std::string_view digits)
+{
+    int number = 0;
+    for (const char digit : digits)
+    {
+        number = std::min(number * 10 + (digit - '0'), kTooLarge);
+    }
+    return {Kind::Number, number};
+}
+
+/// How many bytes of blanks the text starts with; the no-break space of lists made with an office
+/// program counts.
+std::size_t Blanks(std::string_view text)
+{
+    constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
+    std::size_t length = 0;
+    for (;;)
+    {
+        const std::string_view rest = text.substr(length);
+        if (rest.starts_with(kNoBreakSpace))
+        {
+            length += kNoBreakSpace.size();
+        }
+        else if (!rest.empty() && std::string_view(" \t\r\n\v\f").find(rest.front()) != rest.npos)
+        {
+            ++length;
+        }
+        else
+        {
+            return length;
+        }
+    }
+}
+
+std::string_view While(std::string_view text, bool (*belongs)(char))
+{
+    const auto end = std::ranges::find_if_not(text, belongs);
+    return text.substr(0, static_cast<std::size_t>(end - text.begin()));
+}
+
+} // namespace
+
+std::optional<std::vector<DateToken>> DateTokens(std::string_view text)
+{
+    std::vector<DateToken> tokens;
+    for (text.remove_prefix(Blanks(text)); !text.empty(); text.remove_prefix(Blanks(text)))
+    {
+        std::size_t length = 1;
+        std::optional<DateToken> token;
+        if (IsDigit(text.front()))
+        {
+            length = While(text, IsDigit).size();
+            token = Number(text.substr(0, length));
+        }
+        else if (IsLetter(text.front()))
+        {
+            length = While(text, IsLetter).size();
+            token = Word(text.substr(0, length));
+        }
+        else
+        {
+            token = Mark(text.front());
+        }
+        if (!token)
+        {
+            return std::nullopt;
+        }
+        tokens.push_back(*token);
+        text.remove_prefix(length);
+    }
+    return tokens;
+}
+
+} // namespace velmo

@@ -1,0 +1,316 @@
+#include "equipment/AccessFile.h"
+
+#include "platform/MFile.h"
+#include "tests/support/TestData.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <random>
+#include <sstream>
+#include <vector>
+
+namespace velmo
+{
+namespace
+{
+
+using State = AccessField::State;
+using test::TestDataPath;
+
+struct Expectation
+{
+    std::string file;
+    std::string table;
+    std::string field;
+    std::string state;
+    std::string value;
+};
+
+std::string Unescape(std::string_view text)
+{
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i)
+    {
+        if (text[i] != '\\')
+        {
+            plain += text[i];
+            continue;
+        }
+        const char escaped = text.at(++i);
+        plain += escaped == 't' ? '\t' : escaped == 'n' ? '\n' : escaped == 'r' ? '\r' : escaped;
+    }
+    return plain;
+}
+
+std::vector<Expectation> Expectations()
+{
+    const auto list = platform::MFile::ReadAll(TestDataPath("access/expected.tsv"));
+    std::istringstream lines(list ? list.Value() : std::string());
+    std::vector<Expectation> expectations;
+    std::string line;
+    std::getline(lines, line);
+    while (std::getline(lines, line))
+    {
+        std::array<std::string, 8> cells;
+        std::istringstream row(line);
+        for (std::string& cell : cells)
+        {
+            std::getline(row, cell, '\t');
+        }
+        expectations.push_back({cells[0], cells[2], cells[3], cells[5], Unescape(cells[6])});
+    }
+    return expectations;
+}
+
+std::string StateText(State state)
+{
+    switch (state)
+    {
+    case State::Value:
+        return "value";
+    case State::Null:
+        return "null";
+    case State::NoRows:
+        return "no rows";
+    case State::NoTable:
+        return "no table";
+    default:
+        return "no field";
+    }
+}
+
+/// Long texts are listed as their first 60 characters and "...{N characters, ...}".
+std::string Shortened(const std::string& text, std::string_view expected)
+{
+    const std::size_t mark = expected.find("...{");
+    if (mark == std::string_view::npos)
+    {
+        return text;
+    }
+    const auto characters = std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; });
+    return text.substr(0, mark) + "...{" + std::to_string(characters) + " characters" +
+           std::string(expected.substr(expected.find(',', mark)));
+}
+
+std::string Bytes(std::string_view relative)
+{
+    auto bytes = platform::MFile::ReadAll(TestDataPath(relative));
+    EXPECT_TRUE(bytes) << relative;
+    return bytes ? std::move(bytes).Value() : std::string();
+}
+
+/// "value 3/15/2004", "null", ..., or "error <code>".
+std::string ReadField(Result<AccessFile> file, std::string_view table, std::string_view field)
+{
+    if (!file)
+    {
+        return "error " + std::to_string(file.Failure().code);
+    }
+    AccessFile opened = std::move(file).Value();
+    const auto read = opened.FirstRecordField(table, field);
+    if (!read)
+    {
+        EXPECT_FALSE(read.Failure().description.empty());
+        return "error " + std::to_string(read.Failure().code);
+    }
+    return StateText(read.Value().state) +
+           (read.Value().state == State::Value ? " " + read.Value().text : "");
+}
+
+std::string ReadReleaseDate(const std::string& bytes)
+{
+    return ReadField(AccessFile::OpenBytes(std::as_bytes(std::span(bytes))), "Header",
+                     "ReleaseDate");
+}
+
+TEST(AccessFileTest, EveryFieldOfTheSoundFilesReadsAsListed)
+{
+    const auto expectations = Expectations();
+    ASSERT_GT(expectations.size(), 250U);
+    for (const Expectation& expected : expectations)
+    {
+        SCOPED_TRACE(expected.file + " " + expected.table + "." + expected.field);
+        auto file = AccessFile::Open(TestDataPath("access/" + expected.file));
+        ASSERT_TRUE(file) << file.Failure().description;
+        AccessFile opened = std::move(file).Value();
+        const auto field = opened.FirstRecordField(expected.table, expected.field);
+        ASSERT_TRUE(field) << field.Failure().description;
+        EXPECT_EQ(StateText(field.Value().state), expected.state);
+        EXPECT_EQ(Shortened(field.Value().text, expected.value), expected.value);
+        EXPECT_LE(opened.PagesRead(), 16U);
+    }
+}
+
+TEST(AccessFileTest, NamesAreComparedWithoutRegardToCase)
+{
+    EXPECT_EQ(ReadField(AccessFile::Open(TestDataPath("access/equipment/several_rows.mdb")),
+                        "hEADER", "releasedate"),
+              "value 9/2/2003");
+}
+
+TEST(AccessFileTest, FilesThatAreDamagedOrClosedGiveTheirError)
+{
+    constexpr auto kDamaged = AccessErrorCode::Damaged;
+    constexpr auto kNoAccessFile = AccessErrorCode::NotAnAccessFile;
+    const struct
+    {
+        const char* file;
+        AccessErrorCode code;
+    } cases[] = {{"zero_bytes.mdb", kNoAccessFile},
+                 {"text_file.mdb", kNoAccessFile},
+                 {"wrong_magic.mdb", kNoAccessFile},
+                 {"cut_in_first_page.mdb", kDamaged},
+                 {"cut_after_first_page.mdb", kDamaged},
+                 {"cut_in_catalogue_definition.mdb", kDamaged},
+                 {"zeroed_table_page.mdb", kDamaged},
+                 {"table_page_out_of_range.mdb", kDamaged},
+                 {"definition_chain_cycle.mdb", kDamaged},
+                 {"overflow_row_to_itself.mdb", kDamaged},
+                 {"password.mdb", AccessErrorCode::PasswordProtected},
+                 {"encoded_rc4.mdb", AccessErrorCode::Encoded}};
+    for (const auto& [file, code] : cases)
+    {
+        SCOPED_TRACE(file);
+        EXPECT_EQ(ReadField(AccessFile::Open(TestDataPath(std::string("access/broken/") + file)),
+                            "Header", "ReleaseDate"),
+                  "error " + std::to_string(static_cast<int>(code)));
+    }
+}
+
+TEST(AccessFileTest, AMissingFileIsTheSystemsError)
+{
+    const auto file = AccessFile::Open(TestDataPath("access/equipment/nowhere.mdb"));
+    ASSERT_FALSE(file);
+    EXPECT_EQ(file.Failure().code, 2);
+}
+
+TEST(AccessFileTest, ANewerDatabaseWithAKeyIsEncryptedWithAPassword)
+{
+    std::string bytes = Bytes("access/equipment/plain_datetime_v2007.accdb");
+    bytes.at(0x3E) = static_cast<char>(bytes.at(0x3E) ^ 0x5A);
+    EXPECT_EQ(ReadReleaseDate(bytes), "error 86");
+}
+
+TEST(AccessFileTest, AVersionThatDoesNotExistYetIsRefused)
+{
+    std::string bytes = Bytes("access/equipment/plain_datetime_v2007.accdb");
+    bytes.at(0x14) = 9;
+    EXPECT_EQ(ReadReleaseDate(bytes), "error 11");
+}
+
+/// Sound files with all that a reader follows: maps of both kinds, moved rows, chained definitions
+/// and texts, both layouts.
+constexpr std::array kFilesToDamage = {
+    "equipment/plain_datetime_v2000.mdb", "equipment/several_rows.mdb",
+    "equipment/overflow_first_row.mdb",   "equipment/wide_90_columns.mdb",
+    "equipment/long_memo_before.mdb",     "equipment/text_mixed_unicode.mdb",
+    "microsoft/types_and_dates_1997.mdb", "microsoft/integers_and_text_1997.mdb"};
+
+/// A few fields that together reach every kind of page.
+constexpr std::array kFieldsToRead = {std::pair{"Header", "ReleaseDate"},
+                                      std::pair{"Header", "Notes"}, std::pair{"Header", "Legal"},
+                                      std::pair{"Table1", "G"}, std::pair{"Table1", "data"}};
+
+/// Reads them and says how many are values. Each must end, and soon, in an answer or an error.
+int ReadDamaged(std::string_view bytes)
+{
+    constexpr std::size_t kMostRequests = 2'000;
+    auto file = AccessFile::OpenBytes(std::as_bytes(std::span(bytes)));
+    if (!file)
+    {
+        EXPECT_NE(file.Failure().code, 0);
+        return 0;
+    }
+    AccessFile opened = std::move(file).Value();
+    int values = 0;
+    for (const auto& [table, field] : kFieldsToRead)
+    {
+        const auto read = opened.FirstRecordField(table, field);
+        values += read && read.Value().state == State::Value ? 1 : 0;
+        EXPECT_TRUE(read || !read.Failure().description.empty());
+    }
+    EXPECT_LE(opened.PageRequests(), kMostRequests);
+    return values;
+}
+
+TEST(AccessFileTest, AFileCutAnywhereEndsInAValueOrAnError)
+{
+    for (const char* file : kFilesToDamage)
+    {
+        SCOPED_TRACE(file);
+        const std::string bytes = Bytes(std::string("access/") + file);
+        ASSERT_GT(ReadDamaged(bytes), 0);
+        for (std::size_t length = 0; length < bytes.size(); length += 509)
+        {
+            // A copy of its own, so that a read past its end is seen.
+            const std::vector<char> cut(bytes.data(), bytes.data() + length);
+            ReadDamaged({cut.data(), cut.size()});
+        }
+        EXPECT_EQ(ReadDamaged(std::string_view(bytes).substr(0, 3 * 2048 - 1)), 0);
+    }
+}
+
+/// Overwrites one to four bytes of a page at @a page and puts them back when it goes.
+class Damage
+{
+  public:
+    Damage(std::string& bytes, std::size_t page, std::size_t pageSize, std::mt19937& random)
+        : m_bytes(bytes)
+    {
+        constexpr std::array<std::uint32_t, 6> kWords = {0,      1,          0x7F,
+                                                         0xFFFF, 0x7FFFFFFF, 0xFFFFFFFF};
+        // Most structure is at a page's start (head, offsets) and end (rows, null masks).
+        const std::array<std::size_t, 3> places = {random() % 96, random() % (pageSize - 4),
+                                                   pageSize - 4 - random() % 200};
+        m_place = page + places[random() % places.size()];
+        m_before = bytes.substr(m_place, 1 + random() % 4);
+        const std::size_t choice = random() % (kWords.size() + 2);
+        const auto word =
+            choice < kWords.size() ? kWords[choice] : static_cast<std::uint32_t>(random());
+        for (std::size_t i = 0; i < m_before.size(); ++i)
+        {
+            bytes[m_place + i] = static_cast<char>(word >> (8 * i));
+        }
+    }
+    Damage(const Damage&) = delete;
+    Damage& operator=(const Damage&) = delete;
+    ~Damage() { m_bytes.replace(m_place, m_before.size(), m_before); }
+
+  private:
+    std::string& m_bytes;
+    std::size_t m_place = 0;
+    std::string m_before;
+};
+
+TEST(AccessFileTest, AFileWithWrongBytesEndsInAValueOrAnError)
+{
+    constexpr int kDamagesPerPage = 25;
+    std::mt19937 random(20050409);
+    for (const char* file : kFilesToDamage)
+    {
+        SCOPED_TRACE(file);
+        std::string bytes = Bytes(std::string("access/") + file);
+        ASSERT_FALSE(bytes.empty());
+        const int whole = ReadDamaged(bytes);
+        const std::size_t pageSize = bytes[0x14] == 0 ? 2048 : 4096;
+        int spoilt = 0;
+        for (std::size_t page = 0; page + pageSize <= bytes.size(); page += pageSize)
+        {
+            // Index pages are never looked at; damage to them would show nothing.
+            const bool isRead =
+                page == 0 || bytes[page] == 1 || bytes[page] == 2 || bytes[page] == 5;
+            for (int i = 0; isRead && i < kDamagesPerPage; ++i)
+            {
+                const Damage damage(bytes, page, pageSize, random);
+                spoilt += ReadDamaged(bytes) < whole ? 1 : 0;
+            }
+        }
+        EXPECT_GT(spoilt, 0);
+    }
+}
+
+} // namespace
+} // namespace velmo
