@@ -87,7 +87,6 @@ Result<Done> Layout::LayOut()
 {
     // A program that runs from a build tree counts as installed there, and keeps its lists there.
     Keep(MFile::CreateFolders(platform::ProgramFolder()));
-    Keep(MFile::CreateFolders(platform::WindowsDirectory()));
     Keep(MFile::CreateFolders(SampleCommonFolder(m_choices)));
     WriteSetting(WinIniPath(), kVendorSection, "CommonDirectory", m_choices.root + "Common");
     for (const InstalledProgram& program : kInstalledPrograms)
