@@ -25,7 +25,7 @@ set(offending
     "src/app/Case.cpp|#include <ShlObj.h>|ShlObj.h is the operating system's"
     "src/companion/Posix.cpp|#include <sys/stat.h>|sys/stat.h is the operating system's"
     "src/platform/Public.h|#include <unistd.h>|unistd.h is the operating system's"
-    "demo/System.cpp|#include <fcntl.h>|fcntl.h is the operating system's"
+    "sample/System.cpp|#include <fcntl.h>|fcntl.h is the operating system's"
     "tests/updates/System.cpp|#include <spawn.h>|spawn.h is the operating system's"
     "src/catalogue/Macro.cpp|#ifdef _WIN32|_WIN32 asks which system this is"
     "src/catalogue/LaterMacro.cpp|#elif X && !defined( __linux__ )|__linux__ asks which system this is"

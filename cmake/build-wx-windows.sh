@@ -24,6 +24,12 @@ prefix=${VELMO_CACHE:-$HOME/.cache/velmo}/wxwidgets-windows-${version%%+*}-$key
 if [ "${1:-}" = --where ]; then echo "$prefix"; exit 0; fi
 if [ -x "$prefix/bin/wx-config" ]; then exit 0; fi
 
+# Two callers at once: the second waits, and finds the work done.
+mkdir -p "${prefix%/*}"
+exec 9> "$prefix.lock"
+flock 9
+if [ -x "$prefix/bin/wx-config" ]; then exit 0; fi
+
 echo "Building wxWidgets $version for Windows into $prefix (once, about 8 minutes) ..."
 mkdir -p "$prefix.work"
 work=$(cd "$prefix.work" && pwd)
@@ -46,18 +52,16 @@ private=(-o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$sources/pa
     apt-get "${private[@]}" update
     cd "$work"
     apt-get "${private[@]}" source --download-only "wxwidgets3.2=$version"
-    rm -rf source build
+    rm -rf source build staged
     mkdir source build
     tar -xf wxwidgets3.2_*.orig.tar.* -C source --strip-components=1
     cd build
-    ../source/configure --prefix="$prefix.new" "${options[@]}" \
+    ../source/configure --prefix="$prefix" "${options[@]}" \
         CC=$host-gcc-posix CXX=$host-g++-posix CXXFLAGS="$flags" CFLAGS="$flags"
     make -j"$(nproc)"
-    rm -rf "$prefix.new"
-    make install
+    make install DESTDIR="$work/staged"
 } > "$log" 2>&1
-# wx-config carries its prefix inside: rewrite it to the final place, then let that appear in one step.
-grep -rlIF "$prefix.new" "$prefix.new/bin" "$prefix.new/lib" | xargs -r sed -i "s|$prefix\.new|$prefix|g"
+# Whole or not at all.
 rm -rf "$prefix"
-mv "$prefix.new" "$prefix"
+mv "$work/staged$prefix" "$prefix"
 rm -rf "$work"

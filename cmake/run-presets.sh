@@ -5,11 +5,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-if command -v ccache > /dev/null; then
-    export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
-    # Relative paths: another clone on this machine finds the same objects.
-    export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$PWD}
-fi
+# ccache sees relative paths: another clone on this machine finds the same objects.
+export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$PWD}
 jobs=$(nproc)
 
 step() # PRESET WHAT COMMAND...

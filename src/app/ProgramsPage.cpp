@@ -62,7 +62,7 @@ ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, platform::M
     m_informationPage = AddButton(*buttons, "cmdGoToInfoPage");
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(instructions, wxSizerFlags().Border());
+    sizer->Add(instructions, wxSizerFlags().Expand().Border());
     sizer->Add(m_splitter, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT));
     sizer->Add(buttons, wxSizerFlags().Expand().Border());
     SetSizer(sizer);

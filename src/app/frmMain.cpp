@@ -13,6 +13,7 @@
 #include "ui/WxText.h"
 
 #include <wx/accel.h>
+#include <wx/app.h>
 #include <wx/artprov.h>
 #include <wx/iconbndl.h>
 #include <wx/menu.h>

@@ -21,10 +21,9 @@ constexpr std::uint32_t kVersionId = 1;
 constexpr std::array<std::uint32_t, 3> kPreferredLanguages{0x0000, 0x0409, 0x0009};
 
 constexpr std::uint32_t kSubdirectory = 0x80000000;
-constexpr std::size_t kMostSections = 96;     // Windows loads no image with more.
-constexpr std::size_t kMostEntries = 4096;    // In one directory.
 constexpr std::size_t kMostResource = 0xFFFF; // A version tree's length is a 16-bit number.
 
+/// All counts in the headers are 16-bit numbers, so that no part is larger than 3 MiB.
 std::optional<std::string> Read(const FileReader& file, std::uint64_t offset, std::size_t size)
 {
     std::string bytes(size, '\0');
@@ -99,7 +98,7 @@ std::optional<Image> ReadHeaders(const FileReader& file)
     const std::uint16_t optionalSize = Load16(*header, 20);
     const std::uint64_t optionalStart = std::uint64_t{start} + kFileHeaderSize;
     const auto optional = Read(file, optionalStart, optionalSize);
-    if (!optional || count > kMostSections)
+    if (!optional)
     {
         return std::nullopt;
     }
@@ -132,10 +131,6 @@ std::vector<Entry> ReadDirectory(const FileReader& file, std::uint64_t offset)
         return {};
     }
     const std::size_t count = std::size_t{Load16(*header, 12)} + Load16(*header, 14);
-    if (count > kMostEntries)
-    {
-        return {};
-    }
     const auto bytes = Read(file, offset + header->size(), count * 8);
     if (!bytes)
     {

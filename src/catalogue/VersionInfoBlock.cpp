@@ -86,7 +86,7 @@ std::optional<Node> FindChild(const Node& parent, std::string_view name)
     {
         const std::string_view bytes = parent.children.substr(start);
         const std::size_t length = Load16(bytes, 0);
-        if (length < kHeaderSize)
+        if (length == 0)
         {
             return std::nullopt;
         }

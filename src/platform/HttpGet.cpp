@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <charconv>
 #include <cstdio>
 #include <optional>
 #include <string_view>
@@ -87,6 +88,21 @@ std::string Encoded(std::string_view text)
     return encoded;
 }
 
+/// False for a port out of range, of which Windows would take the lower 16 bits.
+bool HasGoodPort(std::string_view authority)
+{
+    const std::string_view host = authority.substr(authority.rfind('@') + 1);
+    const std::size_t colon = host.find(':', host.rfind(']') + 1);
+    if (colon == std::string_view::npos)
+    {
+        return true;
+    }
+    const std::string_view port = host.substr(colon + 1);
+    std::uint16_t number = 0;
+    const auto end = std::from_chars(port.data(), port.data() + port.size(), number);
+    return port.empty() || (end.ec == std::errc() && end.ptr == port.data() + port.size());
+}
+
 /// The address as it is requested, or why it cannot be.
 Result<std::string> Requestable(std::string_view url)
 {
@@ -99,7 +115,8 @@ Result<std::string> Requestable(std::string_view url)
         return Failure(kUnknownScheme);
     }
     const std::size_t host = url.find("//") + 2;
-    if (url.find_first_of("/?#", host) == host || host == url.size())
+    const std::string_view authority = url.substr(host, url.find_first_of("/?#", host) - host);
+    if (authority.empty() || !HasGoodPort(authority))
     {
         return Failure(kNoUrl);
     }

@@ -41,8 +41,11 @@ class ByteSink
     answered with an error status other than "not found" (the description is its status line, e.g.
     "500 Internal Server Error"), 12005 no URL, 12006 neither http nor https, 12007 unknown host,
     12017 stopped, 12028 not found (404, 410), 12029 refused, 12030 ended too early or fewer bytes
-    than announced, 12031 reset, 12152 no HTTP, 12156 too many redirects or one from https to http,
-    12157 no secure channel, 12045 certificate not trusted, 223 more than mostBytes.
+    than announced, 12031 reset, 12152 no HTTP (or none at all before the connection's end), 12156 too many redirects or one from https to http,
+    12157 no secure channel, 12045 certificate not trusted, 223 more than mostBytes. The description is
+    this program's own, the same on both systems too.
+
+    One thing goes unnoticed on Windows: that an answer of unannounced length was cut short.
  */
 [[nodiscard]] Result<Done> HttpGet(const std::string& url, const HttpLimits& limits, ByteSink& sink,
                                    std::stop_token stop = {});

@@ -9,8 +9,6 @@ namespace velmo::platform
 namespace
 {
 
-using std::string_view_literals::operator""sv;
-
 /// The shortest buffer that holds anything: one character and its NUL.
 constexpr std::size_t kShortestBuffer = 2;
 
@@ -28,7 +26,8 @@ bool Report(const Result<Done>& result)
 
 bool HasLineEnd(std::string_view text)
 {
-    return text.find_first_of("\r\n\0"sv) != std::string_view::npos;
+    constexpr std::string_view kEnds("\r\n\0", 3);
+    return text.find_first_of(kEnds) != std::string_view::npos;
 }
 
 } // namespace

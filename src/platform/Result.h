@@ -18,8 +18,7 @@ struct Error
 
 /// The value of a step that succeeds, for steps that yield none.
 struct Done
-{
-};
+{};
 
 /// Either a value or the Error that stands in its place.
 template <typename T>

@@ -39,8 +39,7 @@ std::string TimeStamp(std::chrono::system_clock::time_point time)
 
 DiagnosticLog::DiagnosticLog(std::string path, Clock clock)
     : m_path(std::move(path)), m_clock(std::move(clock))
-{
-}
+{}
 
 void DiagnosticLog::Write(std::string_view message)
 {
@@ -51,7 +50,8 @@ void DiagnosticLog::Write(std::string_view message)
     // The C library's calendar is one for all threads.
     const std::lock_guard lock(m_mutex);
     std::string line = TimeStamp(m_clock()) + "  " + std::string(message);
-    std::replace_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
     Rotate();
     // There is no better place to report a log that cannot be written.
     (void)MFile::Append(m_path, line + "\r\n");

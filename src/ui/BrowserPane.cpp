@@ -1,6 +1,7 @@
 #include "ui/BrowserPane.h"
 
 #include "platform/BrowserEngine.h"
+#include "ui/LinkColour.h"
 #include "ui/WxText.h"
 
 #include <wx/button.h>
@@ -26,10 +27,11 @@ BrowserPane::BrowserPane(wxWindow* parent, const wxString& name, const wxString&
 {
     SetName(name);
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
-    m_text = new wxStaticText(this, wxID_ANY, emptyText);
+    m_text = new wxStaticText(this, wxID_ANY, emptyText, wxDefaultPosition, wxDefaultSize,
+                              wxST_NO_AUTORESIZE);
     m_text->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(m_text, wxSizerFlags().Border(wxALL, FromDIP(kMargin)));
+    sizer->Add(m_text, wxSizerFlags().Expand().Border(wxALL, FromDIP(kMargin)));
     SetSizer(sizer);
     Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
         event.Skip();
@@ -88,7 +90,7 @@ void BrowserPane::ShowAsLink()
         m_link = new wxButton(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxBORDER_NONE | wxBU_LEFT);
         m_link->SetBackgroundColour(GetBackgroundColour());
-        m_link->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_HOTLIGHT));
+        m_link->SetForegroundColour(LinkColour(GetBackgroundColour()));
         m_link->SetFont(GetFont().Underlined());
         m_link->SetCursor(wxCursor(wxCURSOR_HAND));
         m_link->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_openOutside(m_address); });

@@ -1,8 +1,8 @@
 #include "catalogue/PeVersionResource.h"
 
 #include "catalogue/VersionInfoBlock.h"
-#include "demo/PeImageWriter.h"
 #include "platform/MFile.h"
+#include "sample/PeImageWriter.h"
 #include "tests/support/TemporaryDesktop.h"
 
 #include <gtest/gtest.h>
@@ -125,8 +125,8 @@ TEST_F(BrokenImageTest, CraftedDirectoriesAndHeadersLeadNowhere)
         {"types lead back to types", [](auto& s) { Put32(s, kResources + 20, kSubdirectory); }},
         {"numbers lead back to types", [](auto& s) { Put32(s, kResources + 44, kSubdirectory); }},
         {"languages lead back to types", [](auto& s) { Put32(s, kResources + 68, kSubdirectory); }},
-        {"a type without numbers", [](auto& s) { Put32(s, kResources + 20, 72); }},
-        {"a number without languages", [](auto& s) { Put32(s, kResources + 44, 72); }},
+        {"a type that is no directory", [](auto& s) { Put32(s, kResources + 20, 24); }},
+        {"a number that is no directory", [](auto& s) { Put32(s, kResources + 44, 48); }},
         {"numbers beyond the end", [](auto& s) { Put32(s, kResources + 20, 0xFFFFFFF0); }},
         {"65,535 types of each sort", [](auto& s) { Put32(s, kResources + 12, 0xFFFFFFFF); }},
         {"no types", [](auto& s) { Put32(s, kResources + 12, 0); }},
@@ -149,6 +149,27 @@ TEST_F(BrokenImageTest, CraftedDirectoriesAndHeadersLeadNowhere)
         change(image);
         EXPECT_NE(image, m_image) << what;
         EXPECT_EQ(Resource(image), std::nullopt) << what;
+    }
+}
+
+TEST_F(BrokenImageTest, OfAnOverlongResourceOnlyAsMuchIsReadAsATreeCanHold)
+{
+    Put32(m_image, kSectionTable + 40 + 16, 0x20000);
+    Put32(m_image, kResources + 76, 0x18000);
+    const auto resource = Resource(m_image + std::string(0x20000, 'x'));
+    ASSERT_TRUE(resource);
+    EXPECT_EQ(resource->size(), 0xFFFFU);
+    EXPECT_TRUE(resource->starts_with(m_resource));
+}
+
+TEST_F(BrokenImageTest, AFixedPartThatIsTooShortCountsAsNone)
+{
+    for (const int length : {0, 48, 51})
+    {
+        m_resource[2] = static_cast<char>(length);
+        const auto block = VersionInfoBlock::FromBytes(m_resource);
+        ASSERT_TRUE(block);
+        EXPECT_EQ(block->FixedInfo().signature, 0U);
     }
 }
 

@@ -1,6 +1,6 @@
 #include "catalogue/CFileVersionInfo.h"
 
-#include "demo/PeImageWriter.h"
+#include "sample/PeImageWriter.h"
 #include "tests/support/TemporaryDesktop.h"
 
 #include <gtest/gtest.h>
@@ -80,11 +80,17 @@ TEST_F(FileVersionInfoTest, BuildAndRevisionShareTheThirdGroup)
         const char* text;
     };
     constexpr std::array kRows{
-        Row{{1, 2, 0, 5}, "1.02.0005"},          Row{{8, 0, 1, 23}, "8.00.0123"},
-        Row{{3, 10, 12, 7}, "3.10.1207"},        Row{{2, 5, 0, 0}, "2.05.0000"},
-        Row{{2, 5, 99, 99}, "2.05.9999"},        Row{{2, 5, 100, 3}, "2.05.10003"},
-        Row{{0, 0, 0, 0}, "0.00.0000"},          Row{{2, 5, 32767, 1}, "2.05.3276701"},
-        Row{{2, 5, 32768, 12345}, "2.05.12345"}, Row{{65535, 65535, 65535, 1}, "65535.65535.0001"},
+        Row{{1, 2, 0, 5}, "1.02.0005"},
+        Row{{8, 0, 1, 23}, "8.00.0123"},
+        Row{{1, 2, 0, 12345}, "1.02.12345"},
+        Row{{3, 10, 12, 7}, "3.10.1207"},
+        Row{{2, 5, 0, 0}, "2.05.0000"},
+        Row{{2, 5, 99, 99}, "2.05.9999"},
+        Row{{2, 5, 100, 3}, "2.05.10003"},
+        Row{{0, 0, 0, 0}, "0.00.0000"},
+        Row{{2, 5, 32767, 1}, "2.05.3276701"},
+        Row{{2, 5, 32768, 12345}, "2.05.12345"},
+        Row{{65535, 65535, 65535, 1}, "65535.65535.0001"},
     };
     for (const Row& row : kRows)
     {
@@ -92,11 +98,12 @@ TEST_F(FileVersionInfoTest, BuildAndRevisionShareTheThirdGroup)
         VersionResource version;
         version.structureVersion = 0x00030012;
         version.fileVersion = row.words;
-        EXPECT_EQ(Read(version).VerFile(), row.text);
-        EXPECT_EQ(Read(version).VerProduct(), "0.00.0000");
+        const CFileVersionInfo file = Read(version);
+        EXPECT_EQ(file.VerFile(), row.text);
+        EXPECT_EQ(file.VerProduct(), "0.00.0000");
+        EXPECT_EQ(file.VerStructure(), "3.18");
         std::swap(version.fileVersion, version.productVersion);
         EXPECT_EQ(Read(version).VerProduct(), row.text);
-        EXPECT_EQ(Read(version).VerStructure(), "3.18");
     }
 }
 
@@ -217,12 +224,14 @@ TEST_F(FileVersionInfoTest, TheFirstTranslationNamesTheBlockOfTexts)
     version.strings = {{u"040904B0", {{u"FileVersion", u"en"}}},
                        {u"040704e4", {{u"fileVERSION", u"de"}}},
                        {u"040704E4", {{u"FileVersion", u"second"}}}};
-    EXPECT_EQ(Read(version).FileVersion(), "de");
-    EXPECT_EQ(Read(version).Language(), "German (Germany)");
+    CFileVersionInfo info = Read(version);
+    EXPECT_EQ(info.FileVersion(), "de");
+    EXPECT_EQ(info.Language(), "German (Germany)");
 
     version.translations = {{0x1234, 0x04E4}};
-    EXPECT_EQ(Read(version).FileVersion(), "");
-    EXPECT_EQ(Read(version).Language(), "Language Neutral");
+    info = Read(version);
+    EXPECT_EQ(info.FileVersion(), "");
+    EXPECT_EQ(info.Language(), "Language Neutral");
 }
 
 TEST_F(FileVersionInfoTest, TextsThatAFileLacksAreKeptAndEmptyOnesTaken)

@@ -2,9 +2,9 @@
 #include "catalogue/CFileVersionInfo.h"
 #include "catalogue/PeVersionResource.h"
 #include "catalogue/VersionInfoBlock.h"
-#include "demo/PeImageWriter.h"
 #include "platform/DesktopFolders.h"
 #include "platform/MFile.h"
+#include "sample/PeImageWriter.h"
 #include "tests/support/TemporaryDesktop.h"
 
 #include <gtest/gtest.h>

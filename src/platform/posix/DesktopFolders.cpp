@@ -3,6 +3,7 @@
 #include "platform/posix/DesktopPath.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace velmo::platform
 {
@@ -12,6 +13,7 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr std::string_view kDrivePrefix = "drive_";
+constexpr const char* kWindowsDirectory = "C:\\windows\\";
 constexpr const char* kInstalledFolder = "C:\\Program Files\\Velmo Software\\Update Manager\\";
 
 /// The Windows path of a folder below the desktop root; empty when it lies elsewhere.
@@ -25,6 +27,7 @@ std::string WindowsPath(const fs::path& folder)
         return {};
     }
     path.erase(0, kDrivePrefix.size());
+    path.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(path.front())));
     path.insert(1, ":");
     std::replace(path.begin(), path.end(), '/', '\\');
     return path + "\\";
@@ -34,13 +37,16 @@ std::string WindowsPath(const fs::path& folder)
 
 std::string WindowsDirectory()
 {
-    return "C:\\windows\\";
+    // A machine always has one; a desktop root may be fresh.
+    std::error_code error;
+    fs::create_directories(NativePath(kWindowsDirectory), error);
+    return kWindowsDirectory;
 }
 
 std::string ProgramFolder()
 {
     std::error_code error;
-    const std::string folder = WindowsPath(fs::read_symlink("/proc/self/exe", error).parent_path());
+    std::string folder = WindowsPath(fs::read_symlink("/proc/self/exe", error).parent_path());
     if (!folder.empty())
     {
         return folder;

@@ -39,7 +39,8 @@ class Listings
     /// The folder's own spelling of a name; empty when it has none of that name in any case.
     std::string Find(const std::string& folder, std::string_view name)
     {
-        struct stat status{};
+        struct stat status
+        {};
         if (stat(folder.c_str(), &status) != 0)
         {
             return {};
@@ -83,7 +84,8 @@ void AppendPart(fs::path& path, std::string_view part)
 {
     static Listings listings;
     const fs::path exact = path / part;
-    struct stat status{};
+    struct stat status
+    {};
     if (lstat(exact.c_str(), &status) == 0)
     {
         path = exact;

@@ -31,7 +31,8 @@ Result<FileReader> FileReader::Open(std::string_view path)
     auto handle = std::make_unique<Handle>();
     const std::filesystem::path native = NativePath(path);
     handle->descriptor = open(native.c_str(), O_RDONLY | O_CLOEXEC);
-    struct stat status{};
+    struct stat status
+    {};
     if (handle->descriptor < 0 || fstat(handle->descriptor, &status) != 0)
     {
         return SystemError(errno, native);
@@ -48,8 +49,8 @@ bool FileReader::ReadAt(std::uint64_t offset, std::span<std::byte> target) const
 {
     while (!target.empty())
     {
-        const ssize_t n = pread(m_handle->descriptor, target.data(), target.size(),
-                                static_cast<off_t>(offset));
+        const ssize_t n =
+            pread(m_handle->descriptor, target.data(), target.size(), static_cast<off_t>(offset));
         if (n < 0 && errno == EINTR)
         {
             continue;

@@ -1,20 +1,31 @@
 #include "platform/posix/ProfileText.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace velmo::platform::ProfileText
 {
 namespace
 {
 
-/// The end-of-file mark of old editors counts as a blank.
-constexpr std::string_view kBlanks = " \t\v\f\x1A";
 constexpr std::string_view kLineEnd = "\r\n";
+
+/// The end-of-file mark of old editors counts as a blank.
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A';
+}
+
+bool EndsLine(char c)
+{
+    return c == '\r' || c == '\n';
+}
 
 std::string_view Trimmed(std::string_view text)
 {
-    const std::size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
-    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+    const auto* const begin = std::find_if_not(text.begin(), text.end(), IsBlank);
+    const auto end = std::find_if_not(text.rbegin(), std::make_reverse_iterator(begin), IsBlank);
+    return {begin, end.base()};
 }
 
 char Folded(char c)
@@ -74,7 +85,8 @@ Line Classified(std::string_view whole, std::string_view content)
 /// Takes the first line off; CRLF, LF and CR end lines.
 Line TakeLine(std::string_view& text)
 {
-    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    const auto end =
+        static_cast<std::size_t>(std::find_if(text.begin(), text.end(), EndsLine) - text.begin());
     const std::size_t ends = text.substr(end).starts_with(kLineEnd) ? 2 : 1;
     const std::string_view whole = text.substr(0, end + ends);
     const std::string_view content = text.substr(0, end);

@@ -13,15 +13,14 @@ namespace velmo::platform
 namespace
 {
 
-using std::string_view_literals::operator""sv;
-
 bool ReadsBack(std::string_view section, std::string_view key, std::string_view value)
 {
-    constexpr auto kLineEnds = "\r\n\0"sv;
+    constexpr std::string_view kLineEnds("\r\n\0", 3);
     constexpr auto none = std::string_view::npos;
-    return section.find_first_of("]\r\n\0"sv) == none && key.find('=') == none &&
-           key.find_first_of(kLineEnds) == none && value.find_first_of(kLineEnds) == none &&
-           !key.empty() && key.find_first_of(" \t;[") != 0;
+    return section.find(']') == none && section.find_first_of(kLineEnds) == none &&
+           key.find('=') == none && key.find_first_of(kLineEnds) == none &&
+           value.find_first_of(kLineEnds) == none && !key.empty() &&
+           key.find_first_of(" \t;[") != 0;
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "demo/PeImageWriter.h"
+#include "sample/PeImageWriter.h"
 
 #include <map>
 #include <string_view>

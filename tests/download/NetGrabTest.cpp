@@ -1,0 +1,224 @@
+#include "download/NetGrab.h"
+
+#include "platform/HeadlessLoop.h"
+#include "platform/MFile.h"
+#include "tests/support/FaultServer.h"
+#include "tests/support/TemporaryDesktop.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace velmo
+{
+namespace
+{
+
+using test::FaultServer;
+using testing::ElementsAre;
+namespace MFile = platform::MFile;
+
+constexpr std::int32_t kFresh = 16;
+
+class NetGrabTest : public testing::Test, public NetGrab::Listener
+{
+  protected:
+    void Start(const std::string& path) { m_grab.DownloadStart(m_server.Url(path), kFresh); }
+
+    void AwaitEnd()
+    {
+        m_loop.RunUntil([this] { return !m_grab.Busy(); });
+    }
+
+    void Fetch(const std::string& path)
+    {
+        Start(path);
+        AwaitEnd();
+    }
+
+    [[nodiscard]] std::string Text() const
+    {
+        return {reinterpret_cast<const char*>(m_grab.Bytes().data()), m_grab.Bytes().size()};
+    }
+
+    void DownloadComplete(std::int32_t nBytes) override
+    {
+        EXPECT_FALSE(m_grab.Busy());
+        m_ends.push_back("complete " + std::to_string(nBytes));
+    }
+
+    void DownloadFailed(std::int32_t errNum, const std::string& errDesc) override
+    {
+        EXPECT_FALSE(m_grab.Busy());
+        EXPECT_NE(errDesc, "");
+        m_ends.push_back("failed " + std::to_string(errNum));
+    }
+
+    void DownloadProgress(std::int32_t nBytes) override
+    {
+        EXPECT_TRUE(m_grab.Busy());
+        EXPECT_EQ(m_grab.Bytes().size(), static_cast<std::size_t>(nBytes));
+        if (m_onProgress)
+        {
+            m_onProgress();
+        }
+    }
+
+    test::TemporaryDesktop m_desktop;
+    FaultServer m_server;
+    platform::HeadlessLoop m_loop;
+    std::uint32_t m_tick = 1000;
+    NetGrab m_grab{m_loop, *this, [this] { return m_tick; }};
+    std::vector<std::string> m_ends;
+    std::function<void()> m_onProgress;
+    std::string m_path = m_desktop.Folder() + "setup.exe";
+};
+
+TEST_F(NetGrabTest, ADownloadIsBusyUntilItsBytesAreThere)
+{
+    m_server.Serve("/x", "content");
+    EXPECT_FALSE(m_grab.Busy());
+    Start("/x");
+    EXPECT_TRUE(m_grab.Busy());
+    AwaitEnd();
+    EXPECT_EQ(Text(), "content");
+    EXPECT_THAT(m_ends, ElementsAre("complete 7"));
+}
+
+TEST_F(NetGrabTest, AnEmptyAddressChangesNothing)
+{
+    m_server.Serve("/x", "content");
+    Fetch("/x");
+    m_grab.DownloadStart("", kFresh);
+    EXPECT_FALSE(m_grab.Busy());
+    m_loop.Yield();
+    EXPECT_EQ(Text(), "content");
+    EXPECT_EQ(m_ends.size(), 1U);
+}
+
+TEST_F(NetGrabTest, EachFailureIsToldWithItsNumberAndLeavesNoBytes)
+{
+    m_server.Serve("/x", "content");
+    m_server.Play("/short", {FaultServer::Head(8), FaultServer::Send("1234567")});
+    Fetch("/x");
+    Fetch("/short");
+    EXPECT_EQ(m_grab.Bytes().size(), 0U);
+    EXPECT_FALSE(m_grab.SaveAs(m_path));
+    Fetch("/missing");
+    m_grab.DownloadStart("mailto:somebody", kFresh);
+    AwaitEnd();
+    EXPECT_THAT(m_ends, ElementsAre("complete 7", "failed 12030", "failed 12028", "failed 12006"));
+}
+
+TEST_F(NetGrabTest, WhatHasArrivedReplacesTheFormerBytesOnlyThen)
+{
+    m_server.Serve("/x", "content");
+    m_server.Play("/held", {FaultServer::Head(10), FaultServer::Send("first"), FaultServer::Hold(),
+                            FaultServer::Send("later")});
+    Fetch("/x");
+    Start("/held");
+    EXPECT_EQ(Text(), "content");
+    std::string seen;
+    m_onProgress = [&] {
+        seen = Text();
+        m_server.Release("/held");
+    };
+    AwaitEnd();
+    EXPECT_EQ(seen, "first");
+    EXPECT_EQ(Text(), "firstlater");
+}
+
+TEST_F(NetGrabTest, CancellingLeavesItBusyUntilTheFailureArrives)
+{
+    m_server.Play("/held",
+                  {FaultServer::Head(10), FaultServer::Send("first"), FaultServer::Hold()});
+    m_grab.DownloadCancel(); // Nothing runs: nothing happens.
+    Start("/held");
+    m_onProgress = [this] {
+        m_grab.DownloadCancel();
+        EXPECT_TRUE(m_grab.Busy());
+    };
+    AwaitEnd();
+    EXPECT_THAT(m_ends, ElementsAre("failed 12017"));
+}
+
+TEST_F(NetGrabTest, ANewStartReplacesTheRunningDownload)
+{
+    m_server.Play("/held", {FaultServer::Hold()});
+    m_server.Serve("/x", "content");
+    Start("/held");
+    m_server.AwaitRequest("/held");
+    Fetch("/x");
+    m_loop.Yield();
+    EXPECT_THAT(m_ends, ElementsAre("complete 7"));
+}
+
+TEST_F(NetGrabTest, DurationIsTheTicksFromStartToEnd)
+{
+    const struct
+    {
+        std::uint32_t start;
+        std::uint32_t end;
+        std::int32_t duration;
+    } rows[] = {
+        {1000, 1250, 250},
+        {0, 40, 39},                // 0 would read as idle; such a start counts as 1.
+        {0xFFFFFFF0U, 0x10U, 0x20}, // Across the counter's wrap.
+        {0x7FFFFFF0U, 0x80000000U, 0x10},
+        {500, 400, 100},
+    };
+    m_server.Play("/x", {FaultServer::Head(1), FaultServer::Hold(), FaultServer::Send("x")});
+    m_server.Release("/x");
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.start);
+        m_tick = row.start;
+        Start("/x");
+        EXPECT_TRUE(m_grab.Busy());
+        EXPECT_EQ(m_grab.Duration(), 0);
+        m_tick = row.end;
+        AwaitEnd();
+        EXPECT_EQ(m_grab.Duration(), row.duration);
+    }
+}
+
+TEST_F(NetGrabTest, SavingReplacesTheFileWhole)
+{
+    EXPECT_FALSE(m_grab.SaveAs(m_path));
+    EXPECT_FALSE(MFile::FileExists(m_path));
+
+    m_desktop.Write("setup.exe", "an older and longer content");
+    const std::string binary("M\0Z\r\n\x1a", 6);
+    m_server.Serve("/x", binary);
+    Fetch("/x");
+    EXPECT_TRUE(m_grab.SaveAs(m_path));
+    EXPECT_EQ(m_desktop.Read("setup.exe"), binary);
+    EXPECT_EQ(m_grab.LastSaveFailure().code, 0);
+}
+
+TEST_F(NetGrabTest, AFileThatCannotBeWrittenIsFalseWithTheSystemsReason)
+{
+    m_server.Serve("/x", "content");
+    Fetch("/x");
+    EXPECT_FALSE(m_grab.SaveAs(m_desktop.Folder() + "none\\setup.exe"));
+    EXPECT_EQ(m_grab.LastSaveFailure().code, 3);
+    EXPECT_EQ(Text(), "content");
+}
+
+TEST_F(NetGrabTest, OneDestroyedMidwayIsHeardOfNoMore)
+{
+    m_server.Play("/held", {FaultServer::Hold()});
+    {
+        NetGrab other(m_loop, *this);
+        other.DownloadStart(m_server.Url("/held"), kFresh);
+        m_server.AwaitRequest("/held");
+    }
+    m_loop.Yield();
+    EXPECT_TRUE(m_ends.empty());
+}
+
+} // namespace
+} // namespace velmo
