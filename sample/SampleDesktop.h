@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/Result.h"
+#include "sample/ProductVersion.h"
+#include "updates/ProgramVersion.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/**
+    A sample desktop: the vendor's common folder and some of its programs, installed as far as anybody
+    who looks can tell. On Windows it uses the machine's own shared stores.
+ */
+namespace velmo::sample
+{
+
+/// Where a program's folder is recorded.
+enum class FolderRecord
+{
+    WinIni,
+    UserSettings,
+    Both,   ///< In both; the user's settings name a folder that is gone.
+    Derived ///< Nowhere: it is the common folder.
+};
+
+/// One installed program and what the program list says of it.
+struct InstalledProgram
+{
+    std::int32_t index; ///< Its row in the catalogue.
+    std::string_view folder;
+    ProgramVersion version; ///< Installed; the latest ones are in SampleVersionList.h.
+    FolderRecord record;
+    std::string_view startupCheck; ///< "Ask", "Yes", "No" or "-".
+    std::string_view needsUpdate;  ///< "Yes", "No" or "?".
+    bool statesFileVersion = true; ///< False: its text "FileVersion" is empty, the numbers count.
+    bool is64Bit = false;
+};
+
+// clang-format off
+inline constexpr std::array<InstalledProgram, 14> kInstalledPrograms{{
+    {0,  "Airflow",        {3, 10, 1207},  FolderRecord::Both,         "No",  "No"},
+    {2,  "Chillersize 5",  {5, 1, 8},      FolderRecord::UserSettings, "Yes", "No"},
+    // A major number above the listed one, as a trial version has it.
+    {3,  "Ductsize",       {7, 0, 2},      FolderRecord::WinIni,       "-",   "Yes"},
+    {4,  "Loadcalc",       {8, 2, 15},     FolderRecord::WinIni,       "Ask", "Yes", true, true},
+    {5,  "Loopfield",      {3, 1, 9},      FolderRecord::UserSettings, "-",   "Yes"},
+    // A minor number above the listed one.
+    {6,  "Lumenplan",      {5, 3, 0},      FolderRecord::WinIni,       "No",  "No"},
+    // The version list does not know it.
+    {8,  "Manifold",       {4, 0, 18},     FolderRecord::WinIni,       "-",   "?"},
+    // Listed without a revision.
+    {11, "Noisecheck",     {2, 5, 3},      FolderRecord::WinIni,       "-",   "No"},
+    {13, "Outletplan",     {4, 1, 22},     FolderRecord::WinIni,       "-",   "No", false},
+    {14, "Panelplan",      {6, 3, 11},     FolderRecord::UserSettings, "Yes", "Yes"},
+    {21, "Psychrochart",   {7, 0, 45},     FolderRecord::WinIni,       "Ask", "No", true, true},
+    // A major number below the listed one.
+    {25, "Rooftop",        {3, 9, 41},     FolderRecord::WinIni,       "Yes", "Yes"},
+    {26, "Wiring",         {2, 11, 36},    FolderRecord::UserSettings, "-",   "No"},
+    {31, "Common",         kProductVersion, FolderRecord::Derived,     "-",   "No", true, true},
+}};
+// clang-format on
+
+struct SampleDesktopChoices
+{
+    std::string root = "C:\\Velmo\\"; ///< The vendor's folder, ending in "\".
+    std::string server;        ///< For the policy "WebServer"; empty: the policy stays as it is.
+    std::string updateManager; ///< Program to copy as `VelmoUpd.exe`; empty: a sample image.
+};
+
+/// The common folder of a sample desktop, ending in "\": the settings file is in it, and it is where
+/// equipment databases belong.
+[[nodiscard]] std::string SampleCommonFolder(const SampleDesktopChoices& choices);
+
+/// Lays the desktop out; what is there already is laid out anew. The first step that failed is the
+/// error, the others are done all the same.
+Result<Done> LayOutSampleDesktop(const SampleDesktopChoices& choices);
+
+} // namespace velmo::sample
