@@ -105,7 +105,7 @@ class GridModel
     /// What the window made of a column's width; nobody is told.
     void NoteColumnWidth(std::size_t column, float twips) { m_columns.at(column).width = twips; }
 
-    /// Removes all rows; the cursor and the scrolled place go back to 0.
+    /// Removes all rows; the cursor and the scrolled place go to 0.
     void Clear();
 
     /// Adds a row at the bottom. Missing cells are empty.
