@@ -1,0 +1,91 @@
+#pragma once
+
+#include "app/frmMain.h"
+#include "controls/UserPrompts.h"
+#include "manager/UpdateManager.h"
+#include "tests/support/FaultServer.h"
+#include "tests/support/TemporaryDesktop.h"
+#include "ui/WxMessageLoop.h"
+#include "ui/WxMousePointer.h"
+
+#include <wx/button.h>
+#include <wx/frame.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velmo::test
+{
+
+/// Answers what the program asks, and remembers it.
+class RecordedPrompts final : public UserPrompts
+{
+  public:
+    void Notify(PromptIcon /*icon*/, const std::string& text, const std::string& title) override
+    {
+        notices.push_back(title + "|" + text);
+    }
+
+    std::vector<std::string> notices;
+};
+
+/// A desktop with a common folder, and a vendor's server that the machine's policy points to.
+class WindowDesktop
+{
+  public:
+    WindowDesktop();
+
+    /// Serves a version list with this text, and an empty manufacturer list.
+    void ServeLists(std::string_view versionList);
+
+    [[nodiscard]] std::string SettingsPath() const { return m_common + "\\VelmoUpd.ini"; }
+    /// A value of the settings file; "(none)" when it is not there.
+    [[nodiscard]] std::string Setting(std::string_view section, std::string_view key) const;
+    void WriteSettings(std::string_view text) const;
+
+    FaultServer server;
+    TemporaryDesktop desktop;
+
+  private:
+    std::string m_common;
+};
+
+/// The real main window over the real manager, loaded but not opened.
+class WindowUnderTest
+{
+  public:
+    WindowUnderTest();
+    ~WindowUnderTest();
+
+    /// Lets the loop run until @a done; fails the test after 20 seconds.
+    template <typename Predicate>
+    void WaitFor(const char* what, Predicate done)
+    {
+        Wait(what, done);
+    }
+
+    /// The control of that name; the test fails when there is none.
+    template <typename Control>
+    Control& Find(const char* name)
+    {
+        return *dynamic_cast<Control*>(FindWindow(name));
+    }
+
+    /// Presses a button as its click does.
+    void Press(const char* name);
+
+    [[nodiscard]] bool IsClosed() const;
+
+    WxMessageLoop loop;
+    RecordedPrompts prompts;
+    WxMousePointer pointer;
+    UpdateManager manager;
+    frmMain* window;
+
+  private:
+    void Wait(const char* what, const std::function<bool()>& done);
+    wxWindow* FindWindow(const char* name);
+};
+
+} // namespace velmo::test
