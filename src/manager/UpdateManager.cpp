@@ -5,6 +5,8 @@
 #include "platform/DesktopFolders.h"
 #include "platform/MFile.h"
 
+#include <utility>
+
 namespace velmo
 {
 namespace
@@ -23,11 +25,14 @@ std::string UpdateCounts::Text() const
 
 UpdateManager::UpdateManager(platform::MessageLoop& loop, UserPrompts& prompts,
                              MousePointer& pointer)
-    : m_log(LogFilePath()), m_settings(m_log), m_locator(m_log, prompts), m_urlToFile(loop),
+    : m_loop(loop), m_prompts(prompts), m_log(LogFilePath()), m_settings(m_log),
+      m_locator(m_log, prompts), m_urlToFile(loop),
       m_lists(ListFiles(platform::ProgramFolder()), ConfiguredServer(m_log), m_urlToFile, loop,
               m_statusBox, pointer, m_log),
       m_versionList(m_lists.Files().versionList, m_log),
-      m_programs(m_locator, m_settings, m_versionList)
+      m_programs(m_locator, m_settings, m_versionList),
+      m_equipment(m_lists.Files().manufacturerList, m_lists.Server().webServer, m_locator, m_log),
+      m_setups(loop, [this] { InspectEquipment(); })
 {
     m_settings.AppProfileFileName(SettingsFilePath());
 }
@@ -66,7 +71,37 @@ void UpdateManager::SetAutoConnect(bool automatically)
 
 UpdateCounts UpdateManager::Counts() const
 {
-    return {m_programs.CountThatNeedUpdate(), 0, 0};
+    return {m_programs.CountThatNeedUpdate(), m_equipment.CountDatabasesThatNeedUpdate(),
+            m_equipment.CountPicturesThatNeedUpdate()};
+}
+
+std::unique_ptr<InstallFlow> UpdateManager::PrepareInstall()
+{
+    auto order = m_equipment.PrepareInstall(m_prompts);
+    if (!order)
+    {
+        return nullptr;
+    }
+    m_setups.Stop();
+    return std::make_unique<InstallFlow>(
+        std::move(*order), InstallFlow::Surroundings{m_loop, m_settings, m_log, CommonFolder()});
+}
+
+void UpdateManager::AfterInstall(const InstallFlow& install)
+{
+    install.Close();
+    m_setups.Watch(install.Setups());
+}
+
+void UpdateManager::InspectEquipment()
+{
+    // What still ran when the dialog closed could not be removed then.
+    DownloadFolder(CommonFolder(), m_log).Remove();
+    m_equipment.InspectAgain();
+    if (m_view != nullptr)
+    {
+        m_view->OnCountsChanged();
+    }
 }
 
 void UpdateManager::DeleteLists()
@@ -79,6 +114,7 @@ void UpdateManager::ClearHeadlines() {}
 void UpdateManager::RefreshLists()
 {
     m_programs.Rebuild(platform::MFile::FileExists(m_lists.Files().versionList));
+    m_equipment.Refresh();
     if (m_view != nullptr)
     {
         m_view->OnCountsChanged();

@@ -4,6 +4,9 @@
 #include "controls/ListViewModel.h"
 #include "controls/StatusBoxModel.h"
 #include "download/UrlToFile.h"
+#include "equipment/EquipmentList.h"
+#include "equipment/InstallFlow.h"
+#include "equipment/SetupWatch.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
 #include "updates/ListsDownload.h"
@@ -11,6 +14,7 @@
 #include "updates/VersionList.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace velmo
@@ -80,6 +84,15 @@ class UpdateManager final : private ListsDownloadClient
     [[nodiscard]] StatusBoxModel& StatusBox() { return m_statusBox; }
     [[nodiscard]] ProgramStatusList& Programs() { return m_programs; }
     [[nodiscard]] ListsDownload& Lists() { return m_lists; }
+    [[nodiscard]] EquipmentList& Equipment() { return m_equipment; }
+
+    /// The installation of what is ticked in the equipment grid, for the install dialog; nullptr, and
+    /// the user is told why, when nothing is. It must not outlive the manager.
+    [[nodiscard]] std::unique_ptr<InstallFlow> PrepareInstall();
+
+    /// Call it when the install dialog has closed. As soon as the setups have ended, the grid shows
+    /// what is installed then.
+    void AfterInstall(const InstallFlow& install);
 
     /// Deletes the list files: the last thing that a program run does with them.
     void DeleteLists();
@@ -91,7 +104,10 @@ class UpdateManager final : private ListsDownloadClient
     void ShowSelectedProgram() override;
     void RedrawProgramList() override;
     void OnBusyChanged(bool busy) override;
+    void InspectEquipment();
 
+    platform::MessageLoop& m_loop;
+    UserPrompts& m_prompts;
     DiagnosticLog m_log;
     CINIFileHandler m_settings;
     StatusBoxModel m_statusBox;
@@ -100,6 +116,8 @@ class UpdateManager final : private ListsDownloadClient
     ListsDownload m_lists;
     VersionList m_versionList;
     ProgramStatusList m_programs;
+    EquipmentList m_equipment;
+    SetupWatch m_setups;
     UpdateManagerView* m_view = nullptr;
 };
 
