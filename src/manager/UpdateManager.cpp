@@ -2,10 +2,9 @@
 
 #include "catalogue/CommonFolder.h"
 #include "catalogue/VendorServer.h"
+#include "equipment/DownloadFolder.h"
 #include "platform/DesktopFolders.h"
 #include "platform/MFile.h"
-
-#include <utility>
 
 namespace velmo
 {
@@ -25,14 +24,12 @@ std::string UpdateCounts::Text() const
 
 UpdateManager::UpdateManager(platform::MessageLoop& loop, UserPrompts& prompts,
                              MousePointer& pointer)
-    : m_loop(loop), m_prompts(prompts), m_log(LogFilePath()), m_settings(m_log),
-      m_locator(m_log, prompts), m_urlToFile(loop),
+    : m_log(LogFilePath()), m_settings(m_log), m_locator(m_log, prompts), m_urlToFile(loop),
       m_lists(ListFiles(platform::ProgramFolder()), ConfiguredServer(m_log), m_urlToFile, loop,
               m_statusBox, pointer, m_log),
       m_versionList(m_lists.Files().versionList, m_log),
       m_programs(m_locator, m_settings, m_versionList),
-      m_equipment(m_lists.Files().manufacturerList, m_lists.Server().webServer, m_locator, m_log),
-      m_setups(loop, [this] { InspectEquipment(); })
+      m_equipment(m_lists.Files().manufacturerList, m_lists.Server().webServer, m_locator, m_log)
 {
     m_settings.AppProfileFileName(SettingsFilePath());
 }
@@ -75,27 +72,9 @@ UpdateCounts UpdateManager::Counts() const
             m_equipment.CountPicturesThatNeedUpdate()};
 }
 
-std::unique_ptr<InstallFlow> UpdateManager::PrepareInstall()
+void UpdateManager::InspectEquipmentAgain()
 {
-    auto order = m_equipment.PrepareInstall(m_prompts);
-    if (!order)
-    {
-        return nullptr;
-    }
-    m_setups.Stop();
-    return std::make_unique<InstallFlow>(
-        std::move(*order), InstallFlow::Surroundings{m_loop, m_settings, m_log, CommonFolder()});
-}
-
-void UpdateManager::AfterInstall(const InstallFlow& install)
-{
-    install.Close();
-    m_setups.Watch(install.Setups());
-}
-
-void UpdateManager::InspectEquipment()
-{
-    // What still ran when the dialog closed could not be removed then.
+    // A setup that still ran when the flow ended could not be removed then.
     DownloadFolder(CommonFolder(), m_log).Remove();
     m_equipment.InspectAgain();
     if (m_view != nullptr)

@@ -5,8 +5,6 @@
 #include "controls/StatusBoxModel.h"
 #include "download/UrlToFile.h"
 #include "equipment/EquipmentList.h"
-#include "equipment/InstallFlow.h"
-#include "equipment/SetupWatch.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
 #include "updates/ListsDownload.h"
@@ -14,7 +12,6 @@
 #include "updates/VersionList.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 namespace velmo
@@ -86,13 +83,9 @@ class UpdateManager final : private ListsDownloadClient
     [[nodiscard]] ListsDownload& Lists() { return m_lists; }
     [[nodiscard]] EquipmentList& Equipment() { return m_equipment; }
 
-    /// The installation of what is ticked in the equipment grid, for the install dialog; nullptr, and
-    /// the user is told why, when nothing is. It must not outlive the manager.
-    [[nodiscard]] std::unique_ptr<InstallFlow> PrepareInstall();
-
-    /// Call it when the install dialog has closed. As soon as the setups have ended, the grid shows
-    /// what is installed then.
-    void AfterInstall(const InstallFlow& install);
+    /// Shows in the equipment grid what is installed by now, and removes the downloaded setups that
+    /// have ended. For after an installation.
+    void InspectEquipmentAgain();
 
     /// Deletes the list files: the last thing that a program run does with them.
     void DeleteLists();
@@ -104,10 +97,7 @@ class UpdateManager final : private ListsDownloadClient
     void ShowSelectedProgram() override;
     void RedrawProgramList() override;
     void OnBusyChanged(bool busy) override;
-    void InspectEquipment();
 
-    platform::MessageLoop& m_loop;
-    UserPrompts& m_prompts;
     DiagnosticLog m_log;
     CINIFileHandler m_settings;
     StatusBoxModel m_statusBox;
@@ -117,7 +107,6 @@ class UpdateManager final : private ListsDownloadClient
     VersionList m_versionList;
     ProgramStatusList m_programs;
     EquipmentList m_equipment;
-    SetupWatch m_setups;
     UpdateManagerView* m_view = nullptr;
 };
 
