@@ -56,7 +56,9 @@ bool ActivateWindow(std::string_view title)
     {
         ShowWindow(window, SW_RESTORE);
     }
-    return SetForegroundWindow(window) != FALSE;
+    // The system may refuse the focus and blink the window's button instead: the program runs.
+    SetForegroundWindow(window);
+    return true;
 }
 
 } // namespace velmo::platform
