@@ -2,6 +2,7 @@
 
 #include "catalogue/CommonFolder.h"
 #include "catalogue/VendorServer.h"
+#include "equipment/DownloadFolder.h"
 #include "platform/DesktopFolders.h"
 #include "platform/MFile.h"
 
@@ -27,7 +28,8 @@ UpdateManager::UpdateManager(platform::MessageLoop& loop, UserPrompts& prompts,
       m_lists(ListFiles(platform::ProgramFolder()), ConfiguredServer(m_log), m_urlToFile, loop,
               m_statusBox, pointer, m_log),
       m_versionList(m_lists.Files().versionList, m_log),
-      m_programs(m_locator, m_settings, m_versionList)
+      m_programs(m_locator, m_settings, m_versionList),
+      m_equipment(m_lists.Files().manufacturerList, m_lists.Server().webServer, m_locator, m_log)
 {
     m_settings.AppProfileFileName(SettingsFilePath());
 }
@@ -66,7 +68,19 @@ void UpdateManager::SetAutoConnect(bool automatically)
 
 UpdateCounts UpdateManager::Counts() const
 {
-    return {m_programs.CountThatNeedUpdate(), 0, 0};
+    return {m_programs.CountThatNeedUpdate(), m_equipment.CountDatabasesThatNeedUpdate(),
+            m_equipment.CountPicturesThatNeedUpdate()};
+}
+
+void UpdateManager::InspectEquipmentAgain()
+{
+    // A setup that still ran when the flow ended could not be removed then.
+    DownloadFolder(CommonFolder(), m_log).Remove();
+    m_equipment.InspectAgain();
+    if (m_view != nullptr)
+    {
+        m_view->OnCountsChanged();
+    }
 }
 
 void UpdateManager::DeleteLists()
@@ -79,6 +93,7 @@ void UpdateManager::ClearHeadlines() {}
 void UpdateManager::RefreshLists()
 {
     m_programs.Rebuild(platform::MFile::FileExists(m_lists.Files().versionList));
+    m_equipment.Refresh();
     if (m_view != nullptr)
     {
         m_view->OnCountsChanged();

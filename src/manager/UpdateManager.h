@@ -4,6 +4,7 @@
 #include "controls/ListViewModel.h"
 #include "controls/StatusBoxModel.h"
 #include "download/UrlToFile.h"
+#include "equipment/EquipmentList.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
 #include "updates/ListsDownload.h"
@@ -80,6 +81,11 @@ class UpdateManager final : private ListsDownloadClient
     [[nodiscard]] StatusBoxModel& StatusBox() { return m_statusBox; }
     [[nodiscard]] ProgramStatusList& Programs() { return m_programs; }
     [[nodiscard]] ListsDownload& Lists() { return m_lists; }
+    [[nodiscard]] EquipmentList& Equipment() { return m_equipment; }
+
+    /// Shows in the equipment grid what is installed by now, and removes the downloaded setups that
+    /// have ended. For after an installation.
+    void InspectEquipmentAgain();
 
     /// Deletes the list files: the last thing that a program run does with them.
     void DeleteLists();
@@ -100,6 +106,7 @@ class UpdateManager final : private ListsDownloadClient
     ListsDownload m_lists;
     VersionList m_versionList;
     ProgramStatusList m_programs;
+    EquipmentList m_equipment;
     UpdateManagerView* m_view = nullptr;
 };
 
