@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <sstream>
 #include <string>
@@ -20,6 +21,8 @@ namespace velmo::platform
 {
 namespace
 {
+
+constexpr std::int32_t kInvalidParameter = 87;
 
 /// Started programs are nobody's children to wait for, but a process that ended wants to be collected.
 void CollectWhenEnded(pid_t process)
@@ -51,6 +54,26 @@ Result<Done> StartProgram(std::string_view path, std::string_view arguments, Win
     if (failure != 0)
     {
         return SystemError(failure, native);
+    }
+    CollectWhenEnded(process);
+    return Done{};
+}
+
+Result<Done> OpenThroughShell(const std::string& address)
+{
+    std::string program = "xdg-open";
+    if (address.empty() || address.starts_with('-'))
+    {
+        return Error{kInvalidParameter, "This would be an option of " + program + ": " + address};
+    }
+    std::string argument = address;
+    const std::array<char*, 3> argv{program.data(), argument.data(), nullptr};
+    pid_t process = 0;
+    const int failure =
+        posix_spawnp(&process, program.c_str(), nullptr, nullptr, argv.data(), environ);
+    if (failure != 0)
+    {
+        return SystemError(failure, program);
     }
     CollectWhenEnded(process);
     return Done{};
