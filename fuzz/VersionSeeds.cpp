@@ -1,6 +1,6 @@
 // Writes what the version fuzzer starts from into the folder given: an image of each width with two
 // languages, and one version resource.
-#include "demo/PeImageWriter.h"
+#include "sample/PeImageWriter.h"
 
 #include <filesystem>
 #include <fstream>

@@ -14,12 +14,7 @@ shift 3
 
 caption='^Velmo Software Update Manager$'
 tabs=(programs equipment news)
-# What may bring a tab up from the one before, tried in this order: a list that has the keyboard keeps some keys to
-# itself.
-declare -A keys_for_tab=(
-    [equipment]="ctrl+Page_Down, shift+Tab ctrl+Page_Down, ctrl+Tab, alt+h"
-    [news]="ctrl+Page_Down, shift+Tab ctrl+Page_Down, ctrl+Tab, alt+l"
-)
+declare -A key_for_tab=([programs]=ctrl+1 [equipment]=ctrl+2 [news]=ctrl+3)
 
 fail()
 {
@@ -69,44 +64,15 @@ photograph() # FILE
     done
     import -frame -window "$window" "$1"
 }
-# Whether more pixels differ than a caret, a button's focus or a small menu explains: another tab.
-look_different() # FILE FILE
-{
-    local pixels
-    pixels=$(compare -metric AE "$1" "$2" null: 2>&1) || true
-    [ "$(printf '%.0f' "$pixels")" -gt 16000 ]
-}
-
 wait_for 60 "its window appeared" window_up
 window=$(head -n 1 "$work/windows")
 wait_for 60 "it fetched the lists" lists_fetched
 xdotool windowactivate --sync "$window"
 
-bring_up() # TAB PICTURE PREVIOUS_PICTURE
-{
-    local ways way keys
-    IFS=, read -r -a ways <<< "${keys_for_tab[$1]}"
-    for way in "${ways[@]}"; do
-        read -r -a keys <<< "$way"
-        xdotool key --clearmodifiers --delay 100 "${keys[@]}"
-        photograph "$2"
-        if look_different "$2" "$3"; then return; fi
-        # Should the keys have opened a menu instead.
-        xdotool key Escape
-    done
-    fail "the tab \"$1\" did not come up"
-}
-
-previous=
 for tab in "${tabs[@]}"; do
-    picture=$folder/$tab$suffix.png
-    if [ -z "$previous" ]; then
-        photograph "$picture"
-    else
-        bring_up "$tab" "$picture" "$previous"
-    fi
-    echo "$picture"
-    previous=$picture
+    xdotool key --clearmodifiers "${key_for_tab[$tab]}"
+    photograph "$folder/$tab$suffix.png"
+    echo "$folder/$tab$suffix.png"
 done
 
 xdotool windowactivate --sync "$window" key --clearmodifiers alt+F4

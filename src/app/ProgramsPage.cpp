@@ -16,17 +16,17 @@
 #include <wx/weakref.h>
 #include <wx/wrapsizer.h>
 
+#include <cmath>
+#include <optional>
+
 namespace velmo
 {
 namespace
 {
 
 constexpr char kInstructions[] = "&Select a program from the list below, then click the Download "
-                                 "button to download its update or its demo.";
+                                 "button to download its update.";
 constexpr char kEmptyPage[] = "The update page of the selected program is shown here.";
-
-/// The bar's first place: three fifths of the page go to the list.
-constexpr double kDefaultBarTop = 4500;
 
 /// A run through the list with the arrow keys opens only the page where it stops.
 constexpr std::chrono::milliseconds kSettleTime(300);
@@ -79,15 +79,22 @@ wxButton* ProgramsPage::AddButton(wxSizer& sizer, const wxString& name)
 
 void ProgramsPage::RestoreSplitter()
 {
-    const float top = m_manager.Settings().MyGetAppProfileSingle(
-        kMainWindowSection, kSliderTopKey, static_cast<float>(kDefaultBarTop));
+    const CINIFileHandler& settings = m_manager.Settings();
+    std::optional<double> top;
+    if (!settings.MyGetAppProfileString(kMainWindowSection, kSliderTopKey, "").empty())
+    {
+        top = settings.MyGetAppProfileSingle(kMainWindowSection, kSliderTopKey, 0);
+    }
     m_splitter->Init(m_list, m_browser, top);
 }
 
 void ProgramsPage::SaveSplitter() const
 {
-    m_manager.Settings().MyWriteAppProfileString(kMainWindowSection, kSliderTopKey,
-                                                 std::to_string(std::lround(m_splitter->BarTop())));
+    if (const auto top = m_splitter->BarTop())
+    {
+        m_manager.Settings().MyWriteAppProfileString(kMainWindowSection, kSliderTopKey,
+                                                     std::to_string(std::lround(*top)));
+    }
 }
 
 void ProgramsPage::ShowSelectedProgram()

@@ -26,6 +26,7 @@
 #include <wx/msw/private.h>
 #endif
 
+#include <algorithm>
 #include <array>
 
 namespace velmo
@@ -38,6 +39,9 @@ constexpr std::array kTabCaptions{"Progr&ams", "&HVAC Equipment Databases", "&La
 constexpr std::chrono::milliseconds kTimerInterval(1000);
 
 const wxSize kDefaultSize(1000, 720);
+
+/// The default size again, in characters of the window's font, which a person may have enlarged.
+const wxSize kDefaultCharacters(120, 40);
 const wxSize kLeastSize(720, 520);
 
 } // namespace
@@ -88,6 +92,9 @@ void frmMain::CreateWindow()
 #else
     Create(nullptr, wxID_ANY, caption, wxDefaultPosition, size, wxDEFAULT_FRAME_STYLE, "frmMain");
 #endif
+    const wxSize characters(kDefaultCharacters.x * GetCharWidth(),
+                            kDefaultCharacters.y * GetCharHeight());
+    SetSize(wxSize(std::max(size.x, characters.x), std::max(size.y, characters.y)));
     SetMinSize(FromDIP(kLeastSize));
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
 }

@@ -3,6 +3,7 @@
 #include "catalogue/CommonFolder.h"
 #include "catalogue/ProgramCatalogue.h"
 #include "catalogue/VendorServer.h"
+#include "equipment/DownloadFolder.h"
 #include "manager/Details.h"
 #include "platform/DesktopFolders.h"
 #include "platform/MFile.h"
@@ -50,6 +51,7 @@ UpdateManager::UpdateManager(platform::MessageLoop& loop, UserPrompts& prompts,
               m_statusBox, pointer, m_log),
       m_versionList(m_lists.Files().versionList, m_log),
       m_programs(m_locator, m_settings, m_versionList),
+      m_equipment(m_lists.Files().manufacturerList, m_lists.Server().webServer, m_locator, m_log),
       m_startup(m_locator, m_settings, m_versionList), m_addresses(m_log, std::move(shell)),
       m_actions(m_lists.Server(), prompts, m_addresses)
 {
@@ -121,7 +123,8 @@ void UpdateManager::Download(std::string_view program)
 
 EquipmentCounts UpdateManager::CountEquipment()
 {
-    return {};
+    m_equipment.Refresh();
+    return {m_equipment.CountDatabasesThatNeedUpdate(), m_equipment.CountPicturesThatNeedUpdate()};
 }
 
 bool UpdateManager::AutoConnect() const
@@ -136,7 +139,19 @@ void UpdateManager::SetAutoConnect(bool automatically)
 
 UpdateCounts UpdateManager::Counts() const
 {
-    return {m_programs.CountThatNeedUpdate(), 0, 0};
+    return {m_programs.CountThatNeedUpdate(), m_equipment.CountDatabasesThatNeedUpdate(),
+            m_equipment.CountPicturesThatNeedUpdate()};
+}
+
+void UpdateManager::InspectEquipmentAgain()
+{
+    // A setup that still ran when the flow ended could not be removed then.
+    DownloadFolder(CommonFolder(), m_log).Remove();
+    m_equipment.InspectAgain();
+    if (m_view != nullptr)
+    {
+        m_view->OnCountsChanged();
+    }
 }
 
 void UpdateManager::DeleteLists()
@@ -162,6 +177,7 @@ void UpdateManager::ClearHeadlines()
 void UpdateManager::RefreshLists()
 {
     m_programs.Rebuild(platform::MFile::FileExists(m_lists.Files().versionList));
+    m_equipment.Refresh();
     if (m_view != nullptr)
     {
         m_view->OnCountsChanged();

@@ -4,6 +4,7 @@
 #include "controls/ListViewModel.h"
 #include "controls/StatusBoxModel.h"
 #include "download/UrlToFile.h"
+#include "equipment/EquipmentList.h"
 #include "news/Headlines.h"
 #include "platform/Processes.h"
 #include "settings/CINIFileHandler.h"
@@ -112,6 +113,11 @@ class UpdateManager final : private ListsDownloadClient
 
     /// The text that support asks for first. @a programVersion is this program's own.
     [[nodiscard]] std::string Details(std::string_view programVersion) const;
+    [[nodiscard]] EquipmentList& Equipment() { return m_equipment; }
+
+    /// Shows in the equipment grid what is installed by now, and removes the downloaded setups that
+    /// have ended. For after an installation.
+    void InspectEquipmentAgain();
 
     /// Deletes the list files: the last thing that a program run does with them.
     void DeleteLists();
@@ -135,6 +141,7 @@ class UpdateManager final : private ListsDownloadClient
     ListsDownload m_lists;
     VersionList m_versionList;
     ProgramStatusList m_programs;
+    EquipmentList m_equipment;
     StartupCheck m_startup;
     AddressOpener m_addresses;
     ProgramActions m_actions;

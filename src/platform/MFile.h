@@ -28,6 +28,9 @@ using Time = std::chrono::system_clock::time_point;
 /// True for an existing folder; a trailing "\" does not matter.
 [[nodiscard]] bool FolderExists(std::string_view path);
 
+/// True when the path itself is a link (or junction) to somewhere else, whatever is there.
+[[nodiscard]] bool IsLink(std::string_view path);
+
 /// When the file was last written. Error 2 or 3 when there is none.
 [[nodiscard]] Result<Time> ModificationTime(std::string_view path);
 
@@ -61,7 +64,7 @@ Result<Done> Rename(std::string_view from, std::string_view to);
 /// Creates the folder and those above it; an existing folder is no error.
 Result<Done> CreateFolders(std::string_view path);
 
-/// Removes an empty folder; a missing one is no error.
+/// Removes an empty folder; a missing one is no error. Of a link to a folder only the link goes.
 Result<Done> RemoveFolder(std::string_view path);
 
 /// Names (no paths) of the files in a folder, in no particular order; sub-folders are left out.

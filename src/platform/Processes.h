@@ -2,8 +2,10 @@
 
 #include "platform/Result.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// Other programs of the desktop. User-interface thread.
 namespace velmo::platform
@@ -15,9 +17,25 @@ enum class WindowState
     Minimised, ///< Minimised, with the focus.
 };
 
+/// A program that StartProgram() started. It goes on when this object goes; copies mean the same one.
+class StartedProgram
+{
+  public:
+    struct State; ///< The system's part.
+    explicit StartedProgram(std::shared_ptr<const State> state) : m_state(std::move(state)) {}
+
+    /// Whether it still runs. Programs that it started in turn don't count.
+    [[nodiscard]] bool IsRunning() const;
+
+  private:
+    std::shared_ptr<const State> m_state;
+};
+
 /// Starts a program by its full path (Windows path), without waiting for it. @a arguments is the rest
-/// of its command line, handed over as it stands; no command interpreter sees it.
-Result<Done> StartProgram(std::string_view path, std::string_view arguments, WindowState state);
+/// of its command line, handed over as it stands; no command interpreter sees it. In the native build
+/// a file that may not be executed becomes one that may, since Windows knows no such permission.
+Result<StartedProgram> StartProgram(std::string_view path, std::string_view arguments,
+                                    WindowState state);
 
 /// Hands a web address to the desktop, which opens it in the user's browser, without waiting for it.
 /// Never tried as a command line, whatever it is; which addresses may be opened is the caller's to

@@ -1,6 +1,7 @@
 #include "ui/BrowserPane.h"
 
 #include "platform/BrowserEngine.h"
+#include "ui/LinkColour.h"
 #include "ui/WxText.h"
 
 #include <wx/button.h>
@@ -17,12 +18,6 @@ namespace
 {
 
 constexpr int kMargin = 16;
-
-/// A blue that is readable on the background; the system's own link colour need not be.
-wxColour LinkColour(const wxColour& background)
-{
-    return background.GetLuminance() > 0.5 ? wxColour(0, 84, 180) : wxColour(120, 180, 255);
-}
 
 } // namespace
 

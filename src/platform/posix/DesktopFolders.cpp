@@ -13,6 +13,7 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr std::string_view kDrivePrefix = "drive_";
+constexpr const char* kWindowsDirectory = "C:\\windows\\";
 constexpr const char* kInstalledFolder = "C:\\Program Files\\Velmo Software\\Update Manager\\";
 
 /// The Windows path of a folder below the desktop root; empty when it lies elsewhere.
@@ -36,7 +37,10 @@ std::string WindowsPath(const fs::path& folder)
 
 std::string WindowsDirectory()
 {
-    return "C:\\windows\\";
+    // A machine always has one; a desktop root may be fresh.
+    std::error_code error;
+    fs::create_directories(NativePath(kWindowsDirectory), error);
+    return kWindowsDirectory;
 }
 
 std::string ProgramFolder()

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <cctype>
+#include <chrono>
 #include <cstdlib>
 #include <mutex>
 #include <string>
@@ -57,13 +58,22 @@ class Listings
     }
 
   private:
-    static Listing Read(const std::string& folder, timespec changed)
+    /// False within the tick of the file system's clock that changed the folder: it may change again
+    /// unseen. That clock ticks every 10 ms at most, or every two seconds where it has no fractions.
+    static bool IsPast(timespec changed)
     {
-        // A folder that changed within the clock's last tick may change again unseen.
         timespec now{};
         clock_gettime(CLOCK_REALTIME_COARSE, &now);
+        const auto since = std::chrono::seconds(now.tv_sec - changed.tv_sec) +
+                           std::chrono::nanoseconds(now.tv_nsec - changed.tv_nsec);
+        return since > (changed.tv_nsec == 0 ? std::chrono::milliseconds(2000)
+                                             : std::chrono::milliseconds(20));
+    }
+
+    static Listing Read(const std::string& folder, timespec changed)
+    {
         Listing listing;
-        if (now.tv_sec - changed.tv_sec > 1)
+        if (IsPast(changed))
         {
             listing.changed = changed;
         }

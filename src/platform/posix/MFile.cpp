@@ -82,6 +82,12 @@ bool FolderExists(std::string_view path)
     return !path.empty() && stat(NativePath(path).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+bool IsLink(std::string_view path)
+{
+    std::error_code error;
+    return fs::is_symlink(NativePath(path), error);
+}
+
 Result<Time> ModificationTime(std::string_view path)
 {
     const fs::path native = NativePath(path);
@@ -175,7 +181,8 @@ Result<Done> CreateFolders(std::string_view path)
 Result<Done> RemoveFolder(std::string_view path)
 {
     const fs::path native = NativePath(path);
-    return DoneOr(rmdir(native.c_str()) == 0 || errno == ENOENT, native);
+    const auto remove = IsLink(path) ? unlink : rmdir;
+    return DoneOr(remove(native.c_str()) == 0 || errno == ENOENT, native);
 }
 
 std::vector<std::string> FileNames(std::string_view folder)

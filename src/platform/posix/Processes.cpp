@@ -5,10 +5,12 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <sstream>
 #include <string>
@@ -19,20 +21,47 @@ extern char** environ;
 
 namespace velmo::platform
 {
+
+struct StartedProgram::State
+{
+    std::atomic<bool> running{true};
+};
+
 namespace
 {
 
 constexpr std::int32_t kInvalidParameter = 87;
 
 /// Started programs are nobody's children to wait for, but a process that ended wants to be collected.
-void CollectWhenEnded(pid_t process)
+std::shared_ptr<StartedProgram::State> CollectWhenEnded(pid_t process)
 {
-    std::thread([process] { waitpid(process, nullptr, 0); }).detach();
+    auto state = std::make_shared<StartedProgram::State>();
+    std::thread([process, state] {
+        waitpid(process, nullptr, 0);
+        state->running = false;
+    }).detach();
+    return state;
+}
+
+void AllowExecution(const std::filesystem::path& file)
+{
+    struct stat status
+    {};
+    if (access(file.c_str(), X_OK) != 0 && stat(file.c_str(), &status) == 0)
+    {
+        chmod(file.c_str(), status.st_mode | S_IXUSR);
+    }
 }
 
 } // namespace
 
-Result<Done> StartProgram(std::string_view path, std::string_view arguments, WindowState /*state*/)
+bool StartedProgram::IsRunning() const
+{
+    return m_state->running;
+}
+
+Result<StartedProgram> StartProgram(std::string_view path, std::string_view arguments,
+                                    WindowState /*state*/)
 {
     const std::filesystem::path native = NativePath(path);
     std::vector<std::string> words{native.string()};
@@ -48,6 +77,7 @@ Result<Done> StartProgram(std::string_view path, std::string_view arguments, Win
     }
     argv.push_back(nullptr);
 
+    AllowExecution(native);
     pid_t process = 0;
     const int failure =
         posix_spawn(&process, native.c_str(), nullptr, nullptr, argv.data(), environ);
@@ -55,8 +85,7 @@ Result<Done> StartProgram(std::string_view path, std::string_view arguments, Win
     {
         return SystemError(failure, native);
     }
-    CollectWhenEnded(process);
-    return Done{};
+    return StartedProgram(CollectWhenEnded(process));
 }
 
 Result<Done> OpenThroughShell(const std::string& address)

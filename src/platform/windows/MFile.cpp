@@ -108,6 +108,15 @@ bool FolderExists(std::string_view path)
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+bool IsLink(std::string_view path)
+{
+    // With a "\\" at its end the path would mean what the link leads to.
+    const std::string_view self = path.substr(0, path.find_last_not_of("\\/") + 1);
+    const DWORD attributes = self.empty() ? INVALID_FILE_ATTRIBUTES : Attributes(self);
+    return attributes != INVALID_FILE_ATTRIBUTES &&
+           (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
 Result<Time> ModificationTime(std::string_view path)
 {
     WIN32_FILE_ATTRIBUTE_DATA data{};

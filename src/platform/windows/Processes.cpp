@@ -9,7 +9,23 @@
 namespace velmo::platform
 {
 
-Result<Done> StartProgram(std::string_view path, std::string_view arguments, WindowState state)
+struct StartedProgram::State
+{
+    explicit State(HANDLE h) : process(h) {}
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+    ~State() { CloseHandle(process); }
+
+    HANDLE process;
+};
+
+bool StartedProgram::IsRunning() const
+{
+    return WaitForSingleObject(m_state->process, 0) == WAIT_TIMEOUT;
+}
+
+Result<StartedProgram> StartProgram(std::string_view path, std::string_view arguments,
+                                    WindowState state)
 {
     const std::wstring program = Wide(path);
     std::wstring commandLine = L"\"" + program + L"\"";
@@ -28,8 +44,7 @@ Result<Done> StartProgram(std::string_view path, std::string_view arguments, Win
         return LastSystemError();
     }
     CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return Done{};
+    return StartedProgram(std::make_shared<const StartedProgram::State>(process.hProcess));
 }
 
 Result<Done> OpenThroughShell(const std::string& address)
@@ -59,7 +74,9 @@ bool ActivateWindow(std::string_view title)
     {
         ShowWindow(window, SW_RESTORE);
     }
-    return SetForegroundWindow(window) != FALSE;
+    // The system may refuse the focus and blink the window's button instead: the program runs.
+    SetForegroundWindow(window);
+    return true;
 }
 
 } // namespace velmo::platform

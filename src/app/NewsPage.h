@@ -1,0 +1,42 @@
+#pragma once
+
+#include <wx/panel.h>
+
+#include <functional>
+#include <string>
+
+namespace velmo
+{
+
+class BrowserPane;
+class LinkGrid;
+class UpdateManager;
+
+/// The third tab: the vendor's latest headlines above the page of the one that was clicked, or the
+/// vendor's news page before that.
+class NewsPage final : public wxPanel
+{
+  public:
+    /// What the page asks of the window that holds it.
+    struct Host
+    {
+        std::function<void()> bringToFront;                        ///< Select this tab.
+        std::function<void(const std::string&)> showLink;          ///< In the status bar.
+        std::function<void(const std::string&)> openInUserBrowser; ///< Where no engine is.
+    };
+
+    /// @a manager must outlive the page.
+    NewsPage(wxWindow* parent, UpdateManager& manager, Host host);
+
+    void ShowHeadlines();
+
+    /// Opens the vendor's news page.
+    void OpenNewsPage();
+
+  private:
+    UpdateManager& m_manager;
+    LinkGrid* m_headlines = nullptr;
+    BrowserPane* m_browser = nullptr;
+};
+
+} // namespace velmo

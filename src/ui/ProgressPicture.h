@@ -1,0 +1,30 @@
+#pragma once
+
+#include <wx/window.h>
+
+namespace velmo
+{
+
+/// A progress bar with its text in the middle, readable over the filled part and over the rest.
+class ProgressPicture final : public wxWindow
+{
+  public:
+    ProgressPicture(wxWindow* parent, const wxString& name);
+
+    /// @a filled is the filled part of the width, 0 to 1.
+    void Set(double filled, const wxString& text);
+
+    /// What is shown now.
+    [[nodiscard]] double Filled() const { return m_filled; }
+    [[nodiscard]] const wxString& Text() const { return m_text; }
+
+    [[nodiscard]] bool AcceptsFocus() const override { return false; }
+
+  private:
+    void OnPaint(wxPaintEvent& event);
+
+    double m_filled = 0;
+    wxString m_text;
+};
+
+} // namespace velmo
