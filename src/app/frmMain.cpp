@@ -194,6 +194,16 @@ void frmMain::Open(const std::string& commandLine)
     });
 }
 
+void frmMain::OpenOnUpdates(bool databasesTab)
+{
+    Show();
+    m_programs->FocusList();
+    if (databasesTab)
+    {
+        SelectTab(1);
+    }
+}
+
 void frmMain::OnTimer()
 {
     if (m_manager.AutoConnect())

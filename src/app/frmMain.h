@@ -34,6 +34,10 @@ class frmMain final : public wxFrame, private UpdateManagerView
     /// starts the timer that connects.
     void Open(const std::string& commandLine);
 
+    /// Shows the window to somebody who wants to see what a start-up run found; with @a databasesTab
+    /// on the equipment tab. The lists are there: no timer connects.
+    void OpenOnUpdates(bool databasesTab);
+
     /// Brings the window to the front, restored when it is minimised. False when it is not shown.
     bool ComeForward();
 

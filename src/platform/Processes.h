@@ -37,6 +37,11 @@ class StartedProgram
 Result<StartedProgram> StartProgram(std::string_view path, std::string_view arguments,
                                     WindowState state);
 
+/// Hands a web address to the desktop, which opens it in the user's browser, without waiting for it.
+/// Never tried as a command line, whatever it is; which addresses may be opened is the caller's to
+/// decide (WebAddress.h). Natively the program "xdg-open", looked up on the PATH.
+Result<Done> OpenThroughShell(const std::string& address);
+
 /// Brings the top-level window of that exact title to the front. False when there is none, and always
 /// in the native build, where windows of other programs are not the desktop's.
 bool ActivateWindow(std::string_view title);

@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <sstream>
@@ -28,6 +29,8 @@ struct StartedProgram::State
 
 namespace
 {
+
+constexpr std::int32_t kInvalidParameter = 87;
 
 /// Started programs are nobody's children to wait for, but a process that ended wants to be collected.
 std::shared_ptr<StartedProgram::State> CollectWhenEnded(pid_t process)
@@ -83,6 +86,26 @@ Result<StartedProgram> StartProgram(std::string_view path, std::string_view argu
         return SystemError(failure, native);
     }
     return StartedProgram(CollectWhenEnded(process));
+}
+
+Result<Done> OpenThroughShell(const std::string& address)
+{
+    std::string program = "xdg-open";
+    if (address.empty() || address.starts_with('-'))
+    {
+        return Error{kInvalidParameter, "This would be an option of " + program + ": " + address};
+    }
+    std::string argument = address;
+    const std::array<char*, 3> argv{program.data(), argument.data(), nullptr};
+    pid_t process = 0;
+    const int failure =
+        posix_spawnp(&process, program.c_str(), nullptr, nullptr, argv.data(), environ);
+    if (failure != 0)
+    {
+        return SystemError(failure, program);
+    }
+    CollectWhenEnded(process);
+    return Done{};
 }
 
 bool ActivateWindow(std::string_view /*title*/)

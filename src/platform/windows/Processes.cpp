@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 namespace velmo::platform
 {
 
@@ -43,6 +45,22 @@ Result<StartedProgram> StartProgram(std::string_view path, std::string_view argu
     }
     CloseHandle(process.hThread);
     return StartedProgram(std::make_shared<const StartedProgram::State>(process.hProcess));
+}
+
+Result<Done> OpenThroughShell(const std::string& address)
+{
+    const std::wstring file = Wide(address);
+    SHELLEXECUTEINFOW open{};
+    open.cbSize = sizeof open;
+    open.fMask = SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
+    open.lpVerb = L"open";
+    open.lpFile = file.c_str();
+    open.nShow = SW_SHOWNORMAL;
+    if (!ShellExecuteExW(&open))
+    {
+        return LastSystemError();
+    }
+    return Done{};
 }
 
 bool ActivateWindow(std::string_view title)
