@@ -3,6 +3,7 @@
 #include "app/CCheckOtherInstance.h"
 #include "app/ConnectPanel.h"
 #include "app/EmptyPage.h"
+#include "app/EquipmentPage.h"
 #include "app/ProgramsPage.h"
 #include "app/WindowSettings.h"
 #include "controls/UserPrompts.h"
@@ -122,9 +123,8 @@ void frmMain::CreateControls()
     m_tabs = tabs;
     m_programs = new ProgramsPage(tabs, m_manager, m_loop);
     tabs->AddPage(m_programs, kTabCaptions[0]);
-    tabs->AddPage(MakeEmptyPage(tabs, "The vendor's equipment databases and picture groups will be "
-                                      "listed here once this version can install them."),
-                  kTabCaptions[1]);
+    m_equipment = new EquipmentPage(tabs, m_manager, m_prompts, m_loop);
+    tabs->AddPage(m_equipment, kTabCaptions[1]);
     tabs->AddPage(MakeEmptyPage(tabs, "The vendor's latest headlines will be listed here once this "
                                       "version can show them."),
                   kTabCaptions[2]);

@@ -13,6 +13,7 @@ namespace velmo
 {
 
 class ConnectPanel;
+class EquipmentPage;
 class MousePointer;
 class ProgramsPage;
 namespace platform
@@ -59,6 +60,7 @@ class frmMain final : public wxFrame, private UpdateManagerView
     platform::MessageLoop& m_loop;
     wxBookCtrlBase* m_tabs = nullptr;
     ProgramsPage* m_programs = nullptr;
+    EquipmentPage* m_equipment = nullptr;
     ConnectPanel* m_connect = nullptr;
 };
 
