@@ -3,6 +3,7 @@
 #include "platform/Result.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,6 +27,9 @@ class StartedProgram
 
     /// Whether it still runs. Programs that it started in turn don't count.
     [[nodiscard]] bool IsRunning() const;
+
+    /// What it ended with; nothing while it runs. A program that was killed natively gives -1.
+    [[nodiscard]] std::optional<int> ExitCode() const;
 
   private:
     std::shared_ptr<const State> m_state;

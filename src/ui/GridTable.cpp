@@ -36,7 +36,8 @@ class TickRenderer final : public wxGridCellRenderer
     {
         wxGridCellRenderer::Draw(grid, attr, dc, rect, row, column, isSelected);
         const wxRect box = wxRect(wxRendererNative::Get().GetCheckBoxSize(&grid)).CentreIn(rect);
-        wxRendererNative::Get().DrawCheckBox(&grid, dc, box, m_ticked ? static_cast<int>(wxCONTROL_CHECKED) : 0);
+        wxRendererNative::Get().DrawCheckBox(&grid, dc, box,
+                                             m_ticked ? static_cast<int>(wxCONTROL_CHECKED) : 0);
     }
 
     wxSize GetBestSize(wxGrid& grid, wxGridCellAttr& /*attr*/, wxDC& /*dc*/, int /*row*/,

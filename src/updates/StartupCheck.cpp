@@ -23,9 +23,9 @@ void StartupCheck::MarkCaller(const StartupRequest& request)
     }
 }
 
-StartupFindings
-StartupCheck::CheckCaller(const StartupRequest& request, const std::function<bool()>& fetchLists,
-                          const std::function<EquipmentCounts()>& countEquipment) const
+StartupFindings StartupCheck::CheckCaller(
+    const StartupRequest& request, const std::function<bool()>& fetchLists,
+    const std::function<EquipmentCounts()>& countEquipment) const
 {
     StartupFindings findings;
     if (request.caller.empty())

@@ -30,9 +30,9 @@ class StartupCheck
     /// What there is to tell to the caller, as its start-up options want it. @a fetchLists fetches the
     /// lists and says whether that worked; it is called once at most, and only when there is
     /// something to compare. @a countEquipment counts by the fetched lists. Failures find nothing.
-    [[nodiscard]] StartupFindings
-    CheckCaller(const StartupRequest& request, const std::function<bool()>& fetchLists,
-                const std::function<EquipmentCounts()>& countEquipment) const;
+    [[nodiscard]] StartupFindings CheckCaller(
+        const StartupRequest& request, const std::function<bool()>& fetchLists,
+        const std::function<EquipmentCounts()>& countEquipment) const;
 
     /// The update manager's own update, by the version list that is there. Nothing when the list is
     /// missing or has no version, or when the installed one cannot be read.

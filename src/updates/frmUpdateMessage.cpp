@@ -62,8 +62,7 @@ void frmUpdateMessage::CreateControls()
     buttons->Add(no, wxSizerFlags());
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(m_instructions, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(16)));
-    sizer->Add(buttons,
-               wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(16)));
+    sizer->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(16)));
     SetSizer(sizer);
     ShowQuestion();
 

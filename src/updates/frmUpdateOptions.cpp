@@ -92,8 +92,8 @@ void frmUpdateOptions::ShowOptions()
     m_startup[startup_option::kAsk]->Enable(options.canAsk);
     const bool known = options.option >= 0 && options.option <= startup_option::kDoNotCheck;
     // Any other number is told as "No" in the list.
-    wxRadioButton* selected = m_startup[static_cast<std::size_t>(
-        known ? options.option : startup_option::kDoNotCheck)];
+    wxRadioButton* selected =
+        m_startup[static_cast<std::size_t>(known ? options.option : startup_option::kDoNotCheck)];
     selected->SetValue(true);
     selected->SetFocus();
     m_notify->SetValue(options.notifyOfEquipment);

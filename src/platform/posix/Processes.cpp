@@ -25,6 +25,7 @@ namespace velmo::platform
 struct StartedProgram::State
 {
     std::atomic<bool> running{true};
+    int exitCode = -1; ///< Valid once it runs no more.
 };
 
 namespace
@@ -37,7 +38,11 @@ std::shared_ptr<StartedProgram::State> CollectWhenEnded(pid_t process)
 {
     auto state = std::make_shared<StartedProgram::State>();
     std::thread([process, state] {
-        waitpid(process, nullptr, 0);
+        int status = 0;
+        if (waitpid(process, &status, 0) == process && WIFEXITED(status))
+        {
+            state->exitCode = WEXITSTATUS(status);
+        }
         state->running = false;
     }).detach();
     return state;
@@ -58,6 +63,11 @@ void AllowExecution(const std::filesystem::path& file)
 bool StartedProgram::IsRunning() const
 {
     return m_state->running;
+}
+
+std::optional<int> StartedProgram::ExitCode() const
+{
+    return IsRunning() ? std::nullopt : std::optional(m_state->exitCode);
 }
 
 Result<StartedProgram> StartProgram(std::string_view path, std::string_view arguments,

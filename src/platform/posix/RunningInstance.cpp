@@ -155,7 +155,7 @@ InstanceListener::InstanceListener(std::string_view name, MessageLoop& loop,
 InstanceListener::~InstanceListener() = default;
 
 void InstanceListener::State::Serve(MessageLoop& loop,
-                                   const std::function<bool()>& comeForward) const
+                                    const std::function<bool()>& comeForward) const
 {
     while (true)
     {
@@ -174,7 +174,7 @@ void InstanceListener::State::Serve(MessageLoop& loop,
 }
 
 void InstanceListener::State::Answer(int client, MessageLoop& loop,
-                                    const std::function<bool()>& comeForward) const
+                                     const std::function<bool()>& comeForward) const
 {
     // Shared with the loop, which may get to it only after this thread gave up waiting.
     const auto answer = std::make_shared<std::promise<bool>>();

@@ -24,6 +24,16 @@ bool StartedProgram::IsRunning() const
     return WaitForSingleObject(m_state->process, 0) == WAIT_TIMEOUT;
 }
 
+std::optional<int> StartedProgram::ExitCode() const
+{
+    DWORD code = 0;
+    if (IsRunning() || !GetExitCodeProcess(m_state->process, &code))
+    {
+        return std::nullopt;
+    }
+    return static_cast<int>(code);
+}
+
 Result<StartedProgram> StartProgram(std::string_view path, std::string_view arguments,
                                     WindowState state)
 {
