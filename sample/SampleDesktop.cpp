@@ -7,6 +7,7 @@
 #include "platform/MachinePolicy.h"
 #include "platform/PrivateProfile.h"
 #include "platform/UserSettings.h"
+#include "sample/InstalledEquipment.h"
 #include "sample/SampleImage.h"
 
 #include <utility>
@@ -92,6 +93,10 @@ Result<Done> Layout::LayOut()
     for (const InstalledProgram& program : kInstalledPrograms)
     {
         Install(program);
+    }
+    if (m_choices.equipment)
+    {
+        Keep(InstallSampleEquipment(SampleCommonFolder(m_choices)));
     }
     WriteSetting(SampleCommonFolder(m_choices) + "VelmoUpd.ini", "Miscellaneous", "AutoConnect",
                  kTrue);

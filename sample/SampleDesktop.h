@@ -10,8 +10,8 @@
 #include <string_view>
 
 /**
-    A sample desktop: the vendor's common folder and some of its programs, installed as far as anybody
-    who looks can tell. On Windows it uses the machine's own shared stores.
+    A sample desktop: the vendor's common folder with some equipment databases and pictures, and some
+    of its programs, installed as far as anybody who looks can tell. On Windows it uses the machine's own shared stores.
  */
 namespace velmo::sample
 {
@@ -66,6 +66,7 @@ struct SampleDesktopChoices
 {
     std::string root = "C:\\Velmo\\"; ///< The vendor's folder, ending in "\".
     std::string server;        ///< For the policy "WebServer"; empty: the policy stays as it is.
+    bool equipment = true;     ///< With equipment databases and pictures.
     std::string updateManager; ///< Program to copy as `VelmoUpd.exe`; empty: a sample image.
 };
 

@@ -1,7 +1,6 @@
 #include "sample/SampleVendorSite.h"
 
 #include "catalogue/ProgramTable.h"
-#include "sample/SampleEquipment.h"
 #include "sample/SampleImage.h"
 #include "sample/SampleNews.h"
 #include "sample/SamplePage.h"
@@ -88,10 +87,11 @@ std::string DemoSetup(const ProgramEntry& row, std::string_view path)
 
 } // namespace
 
-SampleVendorSite::SampleVendorSite(std::string server) : m_server(std::move(server))
+SampleVendorSite::SampleVendorSite(std::string server, std::span<const EquipmentSection> equipment)
+    : m_server(std::move(server))
 {
     AddPage("/", IndexPage());
-    AddLists();
+    AddLists(equipment);
     AddProgramPages();
     AddDemoSetups();
     AddNews();
@@ -108,11 +108,11 @@ void SampleVendorSite::AddPage(std::string_view path, std::string html)
     m_files[std::string(path)] = {std::string(kPageType), std::move(html)};
 }
 
-void SampleVendorSite::AddLists()
+void SampleVendorSite::AddLists(std::span<const EquipmentSection> equipment)
 {
     m_files["/pub/demo/version.ini"] = {std::string(kListType), VersionListText(m_server)};
     m_files["/pub/demo/manufver.ini"] = {std::string(kListType),
-                                         ManufacturerListText(SampleEquipment(), m_server)};
+                                         ManufacturerListText(equipment, m_server)};
 }
 
 void SampleVendorSite::AddProgramPages()

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "sample/SampleEquipment.h"
+
 #include <functional>
 #include <map>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -22,7 +25,9 @@ class SampleVendorSite
 {
   public:
     /// @a server: scheme, host and port of the server that offers it, for the addresses in the lists.
-    explicit SampleVendorSite(std::string server);
+    /// @a equipment: what the manufacturer list names; its setups are SampleSetups'.
+    explicit SampleVendorSite(std::string server,
+                              std::span<const EquipmentSection> equipment = SampleEquipment());
 
     /// The file of a path; nullptr when there is none.
     [[nodiscard]] const SiteFile* Find(std::string_view path) const;
@@ -35,7 +40,7 @@ class SampleVendorSite
 
   private:
     void AddPage(std::string_view path, std::string html);
-    void AddLists();
+    void AddLists(std::span<const EquipmentSection> equipment);
     void AddProgramPages();
     void AddDemoSetups();
     void AddNews();

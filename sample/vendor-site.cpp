@@ -1,3 +1,5 @@
+#include "platform/MFile.h"
+#include "sample/SampleSetups.h"
 #include "sample/SampleVendorSite.h"
 
 #include <CLI/CLI.hpp>
@@ -8,9 +10,11 @@
 #include <csignal>
 #include <iostream>
 #include <mutex>
+#include <optional>
 #include <stop_token>
 #include <string>
 #include <thread>
+#include <utility>
 
 /**
     The sample vendor's web server, for this computer only. Prints its address, then a line for each
@@ -56,7 +60,8 @@ void SetUp(httplib::Server& server)
     });
 }
 
-void Serve(httplib::Server& server, const velmo::sample::SampleVendorSite& site, Delay& delay)
+void Serve(httplib::Server& server, const velmo::sample::SampleVendorSite& site,
+           const velmo::sample::SampleSetups& setups, Delay& delay)
 {
     server.Get(".*", [&](const httplib::Request& request, httplib::Response& response) {
         delay.Wait();
@@ -65,9 +70,28 @@ void Serve(httplib::Server& server, const velmo::sample::SampleVendorSite& site,
             response.set_content(file->bytes, file->contentType);
             return;
         }
+        if (auto setup = setups.Make(request.path))
+        {
+            response.set_content(std::move(*setup), "application/octet-stream");
+            return;
+        }
         response.status = 404;
         response.set_content("The sample vendor has no such page.\r\n", "text/plain");
     });
+}
+
+/// The program's bytes; empty for no path. Says why when it cannot be read.
+std::optional<std::string> ReadProgram(const std::string& path)
+{
+    namespace MFile = velmo::platform::MFile;
+    auto bytes = path.empty() ? velmo::Result<std::string>(std::string())
+                              : MFile::ReadAll(MFile::FromCommandLine(path));
+    if (!bytes)
+    {
+        std::cerr << path << ": " << bytes.Failure().description << "\n";
+        return std::nullopt;
+    }
+    return std::move(bytes).Value();
 }
 
 } // namespace
@@ -81,7 +105,15 @@ int main(int argc, char** argv)
         ->check(CLI::Range(0, 65535));
     options.add_option("--slow", slow, "Milliseconds to wait before each answer")
         ->check(CLI::Range(0, 600'000));
+    std::string setupProgram;
+    options.add_option("--setups", setupProgram,
+                       "velmo-equipment-setup of the build whose equipment setups shall be served");
     CLI11_PARSE(options, argc, argv);
+    auto program = ReadProgram(setupProgram);
+    if (!program)
+    {
+        return 1;
+    }
 
     // Before any thread starts, so that the signals wait for sigwait() below.
     sigset_t signals;
@@ -101,10 +133,11 @@ int main(int argc, char** argv)
         return 1;
     }
     const std::string address = std::string("http://") + kHost + ":" + std::to_string(bound);
-    const velmo::sample::SampleVendorSite site(address);
+    const velmo::sample::SampleSetups setups(std::move(*program));
+    const velmo::sample::SampleVendorSite site(address, setups.Sections());
     std::stop_source stop;
     Delay delay(std::chrono::milliseconds(slow), stop.get_token());
-    Serve(server, site, delay);
+    Serve(server, site, setups, delay);
 
     std::thread listener([&] { server.listen_after_bind(); });
     while (!server.is_running()) // Before that it cannot be stopped.

@@ -85,7 +85,7 @@ class Application final : public wxApp
     frmMain* LoadMainWindow()
     {
         const CHourGlass busy(m_pointer);
-        auto* window = new frmMain(*m_manager, m_prompts, *m_loop);
+        auto* window = new frmMain(*m_manager, *m_windows, *m_loop);
         SetTopWindow(window);
         m_listener.emplace(kInstanceName, *m_loop, [window] { return window->ComeForward(); });
         return window;

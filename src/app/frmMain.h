@@ -14,8 +14,9 @@ namespace velmo
 
 class ConnectPanel;
 class EquipmentPage;
-class MousePointer;
+class NewsPage;
 class ProgramsPage;
+class UpdateWindows;
 namespace platform
 {
 class MessageLoop;
@@ -27,7 +28,7 @@ class frmMain final : public wxFrame, private UpdateManagerView
 {
   public:
     /// Loads the window in its order. References must outlive it.
-    frmMain(UpdateManager& manager, UserPrompts& prompts, platform::MessageLoop& loop);
+    frmMain(UpdateManager& manager, UpdateWindows& windows, platform::MessageLoop& loop);
     ~frmMain() override;
 
     /// Shows the window, selects the program that the command line names (else the first), and
@@ -49,18 +50,24 @@ class frmMain final : public wxFrame, private UpdateManagerView
     void SelectTab(std::size_t tab);
     void OnClose(wxCloseEvent& event);
     void SaveState();
-    void OnTimer();
+    void OnTimer(const std::string& commandLine);
+    void ShowAbout();
+    void OpenLogFile();
+    void CopyDetails();
+    void ShowLink(const std::string& link);
 
     void OnBusyChanged() override;
     void OnCountsChanged() override;
     void RedrawProgramList() override;
+    void OnHeadlinesChanged() override;
 
     UpdateManager& m_manager;
-    UserPrompts& m_prompts;
+    UpdateWindows& m_windows;
     platform::MessageLoop& m_loop;
     wxBookCtrlBase* m_tabs = nullptr;
     ProgramsPage* m_programs = nullptr;
     EquipmentPage* m_equipment = nullptr;
+    NewsPage* m_news = nullptr;
     ConnectPanel* m_connect = nullptr;
 };
 

@@ -1,5 +1,6 @@
 #include "companion/Commands.h"
 
+#include "companion/EquipmentCommand.h"
 #include "companion/InspectCommand.h"
 #include "companion/StatusCommand.h"
 
@@ -29,7 +30,14 @@ constexpr std::array kCommands{
             "Fetch the vendor's lists and print each program with its status. Exit code 0: nothing "
             "needs an update, 3: something does, 5: the server could not be reached.",
             SetUpStatus},
-    Command{"inspect", "Print every property of a file's version resource.", SetUpInspect},
+    Command{"equipment",
+            "Fetch the vendor's lists and print each equipment database and picture group with its "
+            "status. Exit codes as for status.",
+            SetUpEquipment},
+    Command{"inspect",
+            "Print every property of a file's version resource; of an Access database its release "
+            "date, or with a table and a field the first record's value of it.",
+            SetUpInspect},
 };
 
 } // namespace

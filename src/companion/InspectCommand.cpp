@@ -1,6 +1,7 @@
 #include "companion/InspectCommand.h"
 
 #include "catalogue/CFileVersionInfo.h"
+#include "companion/InspectDatabaseFile.h"
 #include "platform/MFile.h"
 
 #include <CLI/CLI.hpp>
@@ -75,8 +76,26 @@ ExitCode InspectVersion(const std::string& file, Output output)
     return ExitCode::Fine;
 }
 
+ExitCode InspectFile(const std::string& file, Output output)
+{
+    const std::string path = MFile::FromCommandLine(file);
+    return IsDatabaseFile(path) ? InspectEquipmentDatabase(path, output)
+                                : InspectVersion(file, output);
+}
+
+/// FILE TABLE FIELD, rather than three files.
+bool NamesAField(const std::vector<std::string>& arguments)
+{
+    return arguments.size() == 3 && IsDatabaseFile(MFile::FromCommandLine(arguments[0])) &&
+           !MFile::FileExists(MFile::FromCommandLine(arguments[1]));
+}
+
 ExitCode InspectAll(const std::vector<std::string>& files, Output output)
 {
+    if (NamesAField(files))
+    {
+        return InspectField(MFile::FromCommandLine(files[0]), files[1], files[2], output);
+    }
     ExitCode worst = ExitCode::Fine;
     for (const std::string& file : files)
     {
@@ -84,7 +103,7 @@ ExitCode InspectAll(const std::vector<std::string>& files, Output output)
         {
             output.out << "\n";
         }
-        if (InspectVersion(file, output) != ExitCode::Fine)
+        if (InspectFile(file, output) != ExitCode::Fine)
         {
             worst = ExitCode::Failed;
         }
@@ -97,7 +116,8 @@ ExitCode InspectAll(const std::vector<std::string>& files, Output output)
 std::function<ExitCode(Output)> SetUpInspect(CLI::App& command)
 {
     const auto files = std::make_shared<std::vector<std::string>>();
-    command.add_option("FILE", *files, "Executables to look into")->required();
+    command.add_option("FILE", *files, "Files to look into, or a database, a table and a field")
+        ->required();
     return [files](Output output) { return InspectAll(*files, output); };
 }
 

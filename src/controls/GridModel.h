@@ -46,7 +46,7 @@ struct GridRow
 {
     std::vector<GridCell> cells; ///< As many as there are columns.
     Colour background{255, 255, 255};
-    Colour textColour;
+    Colour textColour{};
     bool bold = false;
 };
 

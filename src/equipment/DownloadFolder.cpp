@@ -5,15 +5,28 @@
 
 namespace velmo
 {
+namespace
+{
 
 namespace MFile = platform::MFile;
 
+constexpr const char* kUnknownCommonFolder = "\\";
+constexpr std::int32_t kRefused = 5;
+constexpr std::int32_t kNoFolder = 3;
+
+} // namespace
+
 DownloadFolder::DownloadFolder(const std::string& commonFolder, DiagnosticLog& log)
-    : m_path(commonFolder + "Temp\\"), m_log(log)
+    : m_path(commonFolder == kUnknownCommonFolder ? std::string() : commonFolder + "Temp\\"),
+      m_log(log)
 {}
 
 Result<Done> DownloadFolder::Prepare() const
 {
+    if (m_path.empty())
+    {
+        return CheckUsable();
+    }
     if (MFile::IsLink(m_path))
     {
         if (auto removed = Logged("Removing the link ", MFile::RemoveFolder(m_path)); !removed)
@@ -28,9 +41,12 @@ Result<Done> DownloadFolder::Prepare() const
     return Logged("Creating ", MFile::CreateFolders(m_path));
 }
 
-Result<Done> DownloadFolder::CheckIsNoLink() const
+Result<Done> DownloadFolder::CheckUsable() const
 {
-    constexpr std::int32_t kRefused = 5;
+    if (m_path.empty())
+    {
+        return Error{kNoFolder, "The vendor's common folder is not known."};
+    }
     return MFile::IsLink(m_path)
                ? Result<Done>(Error{kRefused, "The folder " + m_path + " is a link."})
                : Done{};
@@ -38,6 +54,10 @@ Result<Done> DownloadFolder::CheckIsNoLink() const
 
 void DownloadFolder::Remove() const
 {
+    if (m_path.empty())
+    {
+        return;
+    }
     if (MFile::IsLink(m_path))
     {
         (void)Logged("Removing the link ", MFile::RemoveFolder(m_path));

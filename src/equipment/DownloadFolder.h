@@ -17,16 +17,17 @@ class DiagnosticLog;
 class DownloadFolder
 {
   public:
-    /// @a commonFolder ends in "\".
+    /// @a commonFolder ends in "\"; a lone "\" = it is not known, and then there is no folder: any
+    /// other one that happens to bear the name is left alone.
     DownloadFolder(const std::string& commonFolder, DiagnosticLog& log);
 
-    [[nodiscard]] const std::string& Path() const { return m_path; } ///< Ends in "\".
+    [[nodiscard]] const std::string& Path() const { return m_path; } ///< Ends in "\"; may be empty.
 
     /// Makes it anew, or empties it. The error is the first step's that failed.
     Result<Done> Prepare() const;
 
-    /// Nothing is put into a link that somebody set in the folder's place.
-    [[nodiscard]] Result<Done> CheckIsNoLink() const;
+    /// Whether files may be put into it: not when somebody set a link in its place.
+    [[nodiscard]] Result<Done> CheckUsable() const;
 
     /// Removes the folder and its files, as far as none of them still runs.
     void Remove() const;

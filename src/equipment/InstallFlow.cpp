@@ -123,8 +123,8 @@ void InstallFlow::PrepareFolder()
 {
     if (const auto prepared = m_folder.Prepare(); !prepared)
     {
-        m_status.AddLine("The folder " + m_folder.Path() +
-                         " could not be prepared: " + prepared.Failure().description);
+        m_status.AddLine("The download folder could not be prepared: " +
+                         prepared.Failure().description);
     }
 }
 
@@ -199,9 +199,9 @@ Error InstallFlow::TakeDownload(const std::string& path)
         const bool unexplained = m_lastError.code == 0 && m_lastError.description.empty();
         return unexplained ? Error{kDownloadFailed, "Download failed."} : m_lastError;
     }
-    if (const auto noLink = m_folder.CheckIsNoLink(); !noLink)
+    if (const auto usable = m_folder.CheckUsable(); !usable)
     {
-        return noLink.Failure();
+        return usable.Failure();
     }
     return m_netGrab->SaveAs(path) ? m_lastError : m_netGrab->LastSaveFailure();
 }

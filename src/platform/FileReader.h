@@ -21,6 +21,9 @@ class FileReader
     /// Errors as in MFile.h.
     [[nodiscard]] static Result<FileReader> Open(std::string_view path);
 
+    /// The running program's own file, natively also when it has been deleted by now.
+    [[nodiscard]] static Result<FileReader> OpenOwnProgram();
+
     FileReader(FileReader&& other) noexcept;
     FileReader& operator=(FileReader&& other) noexcept;
     ~FileReader();

@@ -46,6 +46,9 @@ Result<StartedProgram> StartProgram(std::string_view path, std::string_view argu
 /// decide (WebAddress.h). Natively the program "xdg-open", looked up on the PATH.
 Result<Done> OpenThroughShell(const std::string& address);
 
+/// Opens a file of the desktop (Windows path) with the program that the user has for it.
+Result<Done> OpenDocument(std::string_view path);
+
 /// Brings the top-level window of that exact title to the front. False when there is none, and always
 /// in the native build, where windows of other programs are not the desktop's.
 bool ActivateWindow(std::string_view title);

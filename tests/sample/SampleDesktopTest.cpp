@@ -32,7 +32,11 @@ class NoPrompts : public UserPrompts
 class SampleDesktopTest : public testing::Test
 {
   protected:
-    SampleDesktopTest() { m_choices.root = m_desktop.Folder() + "Velmo\\"; }
+    SampleDesktopTest()
+    {
+        m_choices.root = m_desktop.Folder() + "Velmo\\";
+        m_choices.equipment = false;
+    }
 
     void LayOut() const
     {

@@ -78,7 +78,7 @@ void TemporaryDesktop::SetPolicy(std::string_view name, std::string_view value) 
 
 std::string TemporaryDesktop::PathOf(std::string_view name) const
 {
-    const bool isPath = name.find(':') != std::string_view::npos;
+    const bool isPath = name.find(':') != std::string_view::npos || name.starts_with('/');
     return (isPath ? std::string() : m_folder) + std::string(name);
 }
 

@@ -17,6 +17,7 @@ namespace velmo
 namespace
 {
 
+using std::string_literals::operator""s;
 using testing::ElementsAre;
 
 class ProgramStatusListTest : public testing::Test
@@ -117,6 +118,23 @@ TEST_F(ProgramStatusListTest, WithoutAVersionListNothingIsKnownOfLatestVersions)
         EXPECT_EQ(row.cells[4], "?");
         EXPECT_EQ(row.tag, "");
         EXPECT_FALSE(row.bold);
+    }
+}
+
+TEST_F(ProgramStatusListTest, AListThatIsNoneKnowsNoVersion)
+{
+    std::string rubbish = "[Loadcalc 8\0]\xFF\xFE[]=\r\n=\x1A\n"s;
+    for (int i = 0; i < 100'000; ++i)
+    {
+        rubbish += static_cast<char>(i * 7919 % 251);
+    }
+    for (const std::string& text : {"<html><body>Major=9 [Loadcalc 8]</body></html>"s, rubbish})
+    {
+        Show("8.02.0014", text);
+        EXPECT_EQ(m_programs.List().Rows().size(), 33U);
+        EXPECT_THAT(m_programs.List().Find("Loadcalc 8")->cells,
+                    ElementsAre("Loadcalc 8", "-", "8.02.14", "?", "?"));
+        EXPECT_EQ(m_programs.CountThatNeedUpdate(), 0);
     }
 }
 

@@ -45,6 +45,11 @@ Result<FileReader> FileReader::Open(std::string_view path)
     return FileReader(std::move(handle));
 }
 
+Result<FileReader> FileReader::OpenOwnProgram()
+{
+    return Open("/proc/self/exe");
+}
+
 bool FileReader::ReadAt(std::uint64_t offset, std::span<std::byte> target) const
 {
     while (!target.empty())

@@ -123,4 +123,9 @@ bool ActivateWindow(std::string_view /*title*/)
     return false;
 }
 
+Result<Done> OpenDocument(std::string_view path)
+{
+    return OpenThroughShell(NativePath(path).string());
+}
+
 } // namespace velmo::platform

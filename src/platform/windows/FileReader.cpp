@@ -38,6 +38,14 @@ Result<FileReader> FileReader::Open(std::string_view path)
     return FileReader(std::move(handle));
 }
 
+Result<FileReader> FileReader::OpenOwnProgram()
+{
+    constexpr std::size_t kLongestPath = 32'768;
+    std::wstring path(kLongestPath, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return Open(Narrow(path));
+}
+
 bool FileReader::ReadAt(std::uint64_t offset, std::span<std::byte> target) const
 {
     constexpr std::size_t kMostAtOnce = 1U << 30;

@@ -89,4 +89,9 @@ bool ActivateWindow(std::string_view title)
     return true;
 }
 
+Result<Done> OpenDocument(std::string_view path)
+{
+    return OpenThroughShell(std::string(path));
+}
+
 } // namespace velmo::platform

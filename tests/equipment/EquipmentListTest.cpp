@@ -1,0 +1,167 @@
+#include "tests/equipment/EquipmentDesktop.h"
+
+#include <gmock/gmock.h>
+
+namespace velmo
+{
+namespace
+{
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr std::string_view kGeneral = "[Manufver General]\r\n"
+                                      "Server Address HTTP=http://setups.example\r\n"
+                                      "Server Folder MDBs HTTP=/mdb/\r\n"
+                                      "Server Folder Pictures HTTP=/pic/\r\n";
+
+class EquipmentListTest : public test::EquipmentDesktop
+{
+  protected:
+    [[nodiscard]] std::string Cell(std::size_t row, EquipmentColumn column) const
+    {
+        return m_list.Grid().Text(row, column);
+    }
+
+    [[nodiscard]] std::vector<std::string> Column(EquipmentColumn column) const
+    {
+        std::vector<std::string> cells;
+        for (std::size_t row = 0; row < m_list.Grid().Model().Rows().size(); ++row)
+        {
+            cells.push_back(Cell(row, column));
+        }
+        return cells;
+    }
+
+    EquipmentServer Server()
+    {
+        m_list.Grid().Toggle(0, Index(EquipmentColumn::InstallDatabase));
+        const auto order = m_list.PrepareInstall(*this);
+        return order ? order->server : EquipmentServer();
+    }
+};
+
+TEST_F(EquipmentListTest, ADatabaseIsARowOfWhatTheListAndTheDesktopSay)
+{
+    InstallDatabase("equipment/plain_datetime_v2000.mdb", "Kestrel.MDB"); // 3/15/2004
+    m_desktop.Write(m_common + "EquipPic\\Kestrel Air\\PicInfo.ini",
+                    "[Kestrel Air]\r\nDatePicturesModified=5/6/2007\r\n");
+    WriteList(std::string(kGeneral) +
+              "\r\n[Kestrel Air]\r\n"
+              "PictureSetupFilename=KestrelPic.EXE\r\n"
+              "DatePicturesModified=5/6/2008\r\n"
+              "PictureSetupFileSize=2500000\r\n"
+              "MDBSetupFileSize=1000\r\n"
+              "1ManufacturerName=Kestrel Split\r\n1MDBFilename=kestrel.mdb\r\n"
+              "1ReleaseDate=3/16/2004\r\n1AC=X\r\n12SpeedAC=2\r\n1WaterHeater=a=b\r\n"
+              "2MDBFilename=other.mdb\r\n2ReleaseDate=1/2/2020\r\n2HP=X\r\n"
+              "4MDBFilename=never.mdb\r\n");
+    m_list.Refresh();
+    std::vector<std::string> cells;
+    for (const GridCell& cell : m_list.Grid().Model().Rows().at(0).cells)
+    {
+        cells.push_back(cell.text);
+    }
+    EXPECT_THAT(cells,
+                ElementsAre("Kestrel Air", "kestrel air.exe", "", "kestrelpic.exe", "", "1 KB",
+                            "1000", "2.4 MB", "2500000", "Kestrel Split", "kestrel.mdb",
+                            "3/15/2004", "3/16/2004", "Yes", "5/6/2007", "5/6/2008", "Yes", "X", "",
+                            "", "", "", "", "", "", "", "", "", "2", "", "", "a=b"));
+    EXPECT_THAT(Column(EquipmentColumn::Manufacturer), ElementsAre("Kestrel Split", "Kestrel Air"));
+    EXPECT_THAT(Column(EquipmentColumn::DatabaseInstalled), ElementsAre("3/15/2004", "-"));
+    EXPECT_THAT(Column(EquipmentColumn::DatabaseNeedsUpdate), ElementsAre("Yes", "-"));
+    EXPECT_EQ(m_list.CountDatabasesThatNeedUpdate(), 1);
+    EXPECT_EQ(m_list.CountPicturesThatNeedUpdate(), 1);
+    EXPECT_EQ(LogText(), "");
+}
+
+TEST_F(EquipmentListTest, ASectionWithoutDatabasesHasNoRowAndOneWithoutPicturesNoBox)
+{
+    m_desktop.Write(m_common + "EquipPic\\Empty\\a.jpg", "picture");
+    WriteList("[Empty]\r\nPictureSetupFilename=empty.exe\r\n2MDBFilename=second.mdb\r\n"
+              "[Bare]\r\n1MDBFilename=bare.mdb\r\n");
+    m_list.Refresh();
+    ASSERT_THAT(Column(EquipmentColumn::SectionName), ElementsAre("Bare"));
+    EXPECT_EQ(m_list.CountPicturesThatNeedUpdate(), 0);
+    const GridModel& model = m_list.Grid().Model();
+    EXPECT_EQ(model.Tick(0, Index(EquipmentColumn::InstallDatabase)), TickState::Unticked);
+    EXPECT_EQ(model.Tick(0, Index(EquipmentColumn::InstallPictures)), TickState::None);
+    EXPECT_EQ(Cell(0, EquipmentColumn::InstallPictures), " ");
+    EXPECT_EQ(Cell(0, EquipmentColumn::PicturesInstalled), "-");
+    EXPECT_EQ(Cell(0, EquipmentColumn::PicturesLatest), " ");
+}
+
+TEST_F(EquipmentListTest, TheServersValuesAreTakenOutOfTheFileAndHaveDefaults)
+{
+    WriteList(std::string(kGeneral) + "[A]\r\n1MDBFilename=a.mdb\r\n");
+    m_list.Refresh();
+    EXPECT_EQ(Server().address, "http://setups.example");
+    EXPECT_THAT(m_desktop.Read(m_listPath), Not(HasSubstr("Manufver General")));
+    EXPECT_THAT(m_desktop.Read(m_listPath), HasSubstr("[A]"));
+    m_list.InspectAgain();
+    EXPECT_EQ(Server().pictureFolder, "/pic/");
+
+    WriteList("[Manufver General]\r\nServer Folder MDBs HTTP=/only/\r\n"
+              "[A]\r\n1MDBFilename=a.mdb\r\n");
+    m_list.Refresh();
+    const EquipmentServer server = Server();
+    EXPECT_EQ(server.address, "http://default.example");
+    EXPECT_EQ(server.databaseFolder, "/only/");
+    EXPECT_EQ(server.pictureFolder, "/pub/mervala/pic/");
+}
+
+TEST_F(EquipmentListTest, WithoutAListTheGridKeepsItsRows)
+{
+    m_list.Refresh();
+    EXPECT_TRUE(m_list.Grid().Model().Rows().empty());
+    m_list.InspectAgain();
+    WriteList("[A]\r\n1MDBFilename=a.mdb\r\n");
+    m_list.Refresh();
+    EXPECT_TRUE(platform::MFile::DeleteIfExists(m_listPath));
+    m_list.Refresh();
+    EXPECT_THAT(Column(EquipmentColumn::DatabaseFile), ElementsAre("a.mdb"));
+    InstallDatabase("equipment/plain_datetime_v2000.mdb", "a.mdb");
+    m_list.InspectAgain();
+    EXPECT_THAT(Column(EquipmentColumn::DatabaseInstalled), ElementsAre("3/15/2004"));
+}
+
+TEST_F(EquipmentListTest, ARefreshUnticksEverythingAndKeepsThePosition)
+{
+    WriteList("[A]\r\n1MDBFilename=a.mdb\r\n2MDBFilename=b.mdb\r\n3MDBFilename=c.mdb\r\n");
+    m_list.Refresh();
+    GridModel& model = m_list.Grid().Model();
+    m_list.Grid().Toggle(1, Index(EquipmentColumn::InstallDatabase));
+    model.NotePosition({2, 9, 1, 3});
+    m_list.Refresh();
+    EXPECT_EQ(model.Position(), (GridPosition{2, 9, 1, 3}));
+    EXPECT_EQ(model.Tick(1, Index(EquipmentColumn::InstallDatabase)), TickState::Unticked);
+    EXPECT_EQ(m_list.Grid().Summary(), "DB: 0, Pic: 0, 0 Bytes");
+    EXPECT_TRUE(model.Redraw());
+}
+
+TEST_F(EquipmentListTest, NamesThatLeadElsewhereAreNotLookedFor)
+{
+    InstallDatabase("equipment/plain_datetime_v2000.mdb", "..\\outside.mdb");
+    InstallDatabase("equipment/plain_datetime_v2000.mdb", "sub\\inside.mdb");
+    m_desktop.Write(m_desktop.Folder() + "PicInfo.ini",
+                    "[..\\..]\r\nDatePicturesModified=1/1/1\r\n");
+    WriteList("[..\\..]\r\nPictureSetupFilename=p.exe\r\nDatePicturesModified=5/6/2008\r\n"
+              "1MDBFilename=..\\outside.mdb\r\n2MDBFilename=sub\\inside.mdb\r\n");
+    m_list.Refresh();
+    EXPECT_THAT(Column(EquipmentColumn::DatabaseInstalled), ElementsAre("-", "-"));
+    EXPECT_EQ(Cell(0, EquipmentColumn::PicturesInstalled), "-");
+    EXPECT_EQ(Cell(0, EquipmentColumn::PicturesLatest), "5/6/2008");
+}
+
+TEST_F(EquipmentListTest, InstallingNeedsABoxThatIsTicked)
+{
+    WriteList("[A]\r\n1MDBFilename=a.mdb\r\n");
+    m_list.Refresh();
+    EXPECT_FALSE(m_list.PrepareInstall(*this));
+    EXPECT_THAT(m_notices, ElementsAre("No Boxes Checked: You must check the box for at least one "
+                                       "database or picture before you can install updates."));
+}
+
+} // namespace
+} // namespace velmo

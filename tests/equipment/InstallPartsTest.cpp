@@ -1,0 +1,103 @@
+#include "equipment/InstallProgress.h"
+#include "equipment/PlainFileName.h"
+#include "equipment/SetupWatch.h"
+#include "platform/HeadlessLoop.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+namespace velmo
+{
+namespace
+{
+
+TEST(PlainFileNameTest, OnlyAFileOfTheFolderItselfIsPlain)
+{
+    for (const char* name : {"alder.exe", "Alder Air & Sons.exe", "a", ".hidden", "con1.exe",
+                             "com.exe", "com10.exe", "lptx.exe", "n\xC3\xBCrnberg.exe", " a.exe"})
+    {
+        SCOPED_TRACE(name);
+        EXPECT_TRUE(IsPlainFileName(name));
+    }
+    for (const std::string& name : {std::string(),
+                                    std::string("."),
+                                    std::string(".."),
+                                    std::string("..\\a.exe"),
+                                    std::string("a/b.exe"),
+                                    std::string("\\a.exe"),
+                                    std::string("c:a.exe"),
+                                    std::string("a.exe:stream"),
+                                    std::string("a.exe."),
+                                    std::string("a.exe "),
+                                    std::string("nul"),
+                                    std::string("NUL.exe"),
+                                    std::string("con .exe"),
+                                    std::string("Aux.tar.exe"),
+                                    std::string("com1.exe"),
+                                    std::string("LPT9"),
+                                    std::string("com\xC2\xB2.exe"),
+                                    std::string("conin$"),
+                                    std::string("a\n.exe"),
+                                    std::string("a\0.exe", 6),
+                                    std::string("a\x7F.exe"),
+                                    std::string("a*.exe"),
+                                    std::string("\"a\".exe"),
+                                    std::string(300, 'a')})
+    {
+        SCOPED_TRACE(name);
+        EXPECT_FALSE(IsPlainFileName(name));
+    }
+}
+
+TEST(InstallProgressTest, ABarSaysWhatHasComeAndRoundsAHalfToTheEvenPercent)
+{
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    const struct
+    {
+        double received;
+        double total;
+        const char* text;
+        double filled;
+    } cases[] = {
+        {0, 200, "0 Bytes of 200 Bytes (0%)", 0},
+        {1, 200, "1 Bytes of 200 Bytes (0%)", 0.005},
+        {3, 200, "3 Bytes of 200 Bytes (2%)", 0.015},
+        {5, 200, "5 Bytes of 200 Bytes (2%)", 0.025},
+        {200, 200, "200 Bytes of 200 Bytes (100%)", 1},
+        {300, 200, "300 Bytes of 200 Bytes (150%)", 1},
+        {5, 0, "5 Bytes of 0 Bytes (0%)", 0},
+        {5, -3, "5 Bytes of -3 Bytes (0%)", 0},
+        {kInfinite, kInfinite, "0 Bytes of 0 Bytes (0%)", 0},
+    };
+    for (const auto& [received, total, text, filled] : cases)
+    {
+        SCOPED_TRACE(text);
+        const InstallBar bar = BarOfBytes(received, total);
+        EXPECT_EQ(bar.text, text);
+        EXPECT_DOUBLE_EQ(bar.FilledPart(), filled);
+    }
+}
+
+TEST(SetupWatchTest, CallsOnceForWhatWasNotReplacedStoppedOrGone)
+{
+    platform::HeadlessLoop loop;
+    int calls = 0;
+    SetupWatch watch(loop, [&] { ++calls; });
+    watch.Watch({});
+    watch.Watch({});
+    EXPECT_EQ(calls, 0);
+    loop.RunUntil([&] { return calls > 0; });
+    watch.Watch({});
+    watch.Stop();
+    {
+        SetupWatch gone(loop, [&] { ++calls; });
+        gone.Watch({});
+    }
+    loop.Yield();
+    EXPECT_EQ(calls, 1);
+}
+
+} // namespace
+} // namespace velmo
