@@ -64,15 +64,29 @@ photograph() # FILE
     done
     import -frame -window "$window" "$1"
 }
+# Whether more pixels differ than a caret or a button's focus explains: another tab.
+look_different() # FILE FILE
+{
+    local pixels
+    pixels=$(compare -metric AE "$1" "$2" null: 2>&1) || true
+    [ "$(printf '%.0f' "$pixels")" -gt 16000 ]
+}
+
 wait_for 60 "its window appeared" window_up
 window=$(head -n 1 "$work/windows")
 wait_for 60 "it fetched the lists" lists_fetched
 xdotool windowactivate --sync "$window"
 
+previous=
 for tab in "${tabs[@]}"; do
+    picture=$folder/$tab$suffix.png
     xdotool key --clearmodifiers "${key_for_tab[$tab]}"
-    photograph "$folder/$tab$suffix.png"
-    echo "$folder/$tab$suffix.png"
+    photograph "$picture"
+    if [ -n "$previous" ]; then
+        look_different "$previous" "$picture" || fail "the tab \"$tab\" did not come up"
+    fi
+    echo "$picture"
+    previous=$picture
 done
 
 xdotool windowactivate --sync "$window" key --clearmodifiers alt+F4

@@ -1,15 +1,7 @@
 #include "app/CCheckOtherInstance.h"
 
-#include <utility>
-
 namespace velmo
 {
-namespace
-{
-
-constexpr std::string_view kInstanceName = "VelmoUpdateManager";
-
-} // namespace
 
 CCheckOtherInstance::CCheckOtherInstance() : m_instance(kInstanceName) {}
 
@@ -21,11 +13,6 @@ bool CCheckOtherInstance::OtherInstanceRuns(std::string_view caption, std::strin
     }
     m_instance.BringPreviousForward(caption, className);
     return true;
-}
-
-void CCheckOtherInstance::Listen(platform::MessageLoop& loop, std::function<bool()> comeForward)
-{
-    m_instance.Listen(loop, std::move(comeForward));
 }
 
 } // namespace velmo

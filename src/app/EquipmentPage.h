@@ -38,7 +38,8 @@ class EquipmentPage final : public wxPanel
     UpdateManager& m_manager;
     UserPrompts& m_prompts;
     platform::MessageLoop& m_loop;
-    SetupWatch m_setups; ///< Of the last installation: looks at the databases again when they ended.
+    SetupWatch
+        m_setups; ///< Of the last installation: looks at the databases again when they ended.
     Grid* m_grid = nullptr;
     wxButton* m_markClear = nullptr;
     wxButton* m_install = nullptr;

@@ -38,8 +38,7 @@ NewsPage::NewsPage(wxWindow* parent, UpdateManager& manager, Host host)
             front();
         },
         std::move(host.showLink));
-    m_browser =
-        new BrowserPane(splitter, "webNews", kEmptyPage, std::move(host.openInUserBrowser));
+    m_browser = new BrowserPane(splitter, "webNews", kEmptyPage, std::move(host.openInUserBrowser));
     splitter->SetMinimumPaneSize(FromDIP(kLeastHeight));
     splitter->SplitHorizontally(m_headlines, m_browser, FromDIP(kHeadlinesHeight));
     auto* sizer = new wxBoxSizer(wxVERTICAL);

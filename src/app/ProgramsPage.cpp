@@ -1,5 +1,6 @@
 #include "app/ProgramsPage.h"
 
+#include "app/UpdateWindows.h"
 #include "app/WindowSettings.h"
 #include "catalogue/ProgramCatalogue.h"
 #include "manager/UpdateManager.h"
@@ -11,10 +12,15 @@
 #include "ui/WxText.h"
 
 #include <wx/button.h>
+#include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/weakref.h>
 #include <wx/wrapsizer.h>
+
+#include <array>
+#include <cmath>
+#include <optional>
 
 namespace velmo
 {
@@ -22,11 +28,8 @@ namespace
 {
 
 constexpr char kInstructions[] = "&Select a program from the list below, then click the Download "
-                                 "button to download its update or its demo.";
+                                 "button to download its update.";
 constexpr char kEmptyPage[] = "The update page of the selected program is shown here.";
-
-/// The bar's first place: three fifths of the page go to the list.
-constexpr double kDefaultBarTop = 4500;
 
 /// A run through the list with the arrow keys opens only the page where it stops.
 constexpr std::chrono::milliseconds kSettleTime(300);
@@ -39,8 +42,9 @@ void ShowState(wxButton& button, const ButtonState& state)
 
 } // namespace
 
-ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, platform::MessageLoop& loop)
-    : wxPanel(parent, wxID_ANY), m_manager(manager), m_loop(loop)
+ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, UpdateWindows& windows,
+                           platform::MessageLoop& loop)
+    : wxPanel(parent, wxID_ANY), m_manager(manager), m_windows(windows), m_loop(loop)
 {
     SetName("picHoldPrograms");
     auto* instructions = new wxStaticText(this, wxID_ANY, kInstructions);
@@ -53,7 +57,10 @@ ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, platform::M
     });
     m_list->SetName("lvwMain");
     m_list->OnSelection([this] { ShowSelectedProgram(); });
-    m_browser = new BrowserPane(m_splitter, "webMain", kEmptyPage, [](const std::string&) {});
+    m_browser =
+        new BrowserPane(m_splitter, "webMain", kEmptyPage, [&manager](const std::string& address) {
+            manager.Addresses().Open(address);
+        });
 
     auto* buttons = new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES);
     m_updateOptions = AddButton(*buttons, "cmdSetStartupUpdateOptions");
@@ -66,7 +73,64 @@ ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, platform::M
     sizer->Add(m_splitter, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT));
     sizer->Add(buttons, wxSizerFlags().Expand().Border());
     SetSizer(sizer);
+    BindActions();
     ShowSelectedProgram();
+}
+
+std::string ProgramsPage::SelectedProgram() const
+{
+    const ListRow* row = m_manager.Programs().List().SelectedRow();
+    return row != nullptr ? row->key : std::string();
+}
+
+void ProgramsPage::BindActions()
+{
+    m_updateOptions->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+        m_windows.SetOptions(SelectedProgram());
+        ShowSelectedProgram();
+    });
+    m_download->Bind(wxEVT_BUTTON,
+                     [this](wxCommandEvent&) { m_manager.Download(SelectedProgram()); });
+    m_updatePage->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+        m_manager.Actions().OpenUpdatePage(IndexOfName(SelectedProgram()));
+    });
+    m_informationPage->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+        m_manager.Actions().OpenInformationPage(IndexOfName(SelectedProgram()));
+    });
+    m_list->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { ShowMenu(); });
+}
+
+void ProgramsPage::ShowMenu()
+{
+    struct Entry
+    {
+        const char* name;
+        wxButton* button; ///< Pressed by the entry, which bears its caption.
+        bool copiesState; ///< The download can always be chosen from here.
+    };
+    const std::array entries{Entry{"mnuDownload", m_download, false},
+                             Entry{"mnuGoToUpdatePage", m_updatePage, true},
+                             Entry{"mnuGoToInfoPage", m_informationPage, true},
+                             Entry{"mnuUpdateOptions", m_updateOptions, true}};
+    wxMenu menu;
+    for (const Entry& entry : entries)
+    {
+        if (entry.button == m_updateOptions)
+        {
+            menu.AppendSeparator();
+        }
+        wxMenuItem* item = menu.Append(wxID_ANY, entry.button->GetLabel());
+        item->Enable(!entry.copiesState || entry.button->IsEnabled());
+        menu.Bind(
+            wxEVT_MENU,
+            [button = entry.button](wxCommandEvent&) {
+                wxCommandEvent press(wxEVT_BUTTON, button->GetId());
+                press.SetEventObject(button);
+                button->ProcessWindowEvent(press);
+            },
+            item->GetId());
+    }
+    m_list->PopupMenu(&menu);
 }
 
 wxButton* ProgramsPage::AddButton(wxSizer& sizer, const wxString& name)
@@ -79,15 +143,22 @@ wxButton* ProgramsPage::AddButton(wxSizer& sizer, const wxString& name)
 
 void ProgramsPage::RestoreSplitter()
 {
-    const float top = m_manager.Settings().MyGetAppProfileSingle(
-        kMainWindowSection, kSliderTopKey, static_cast<float>(kDefaultBarTop));
+    const CINIFileHandler& settings = m_manager.Settings();
+    std::optional<double> top;
+    if (!settings.MyGetAppProfileString(kMainWindowSection, kSliderTopKey, "").empty())
+    {
+        top = settings.MyGetAppProfileSingle(kMainWindowSection, kSliderTopKey, 0);
+    }
     m_splitter->Init(m_list, m_browser, top);
 }
 
 void ProgramsPage::SaveSplitter() const
 {
-    m_manager.Settings().MyWriteAppProfileString(kMainWindowSection, kSliderTopKey,
-                                                 std::to_string(std::lround(m_splitter->BarTop())));
+    if (const auto top = m_splitter->BarTop())
+    {
+        m_manager.Settings().MyWriteAppProfileString(kMainWindowSection, kSliderTopKey,
+                                                     std::to_string(std::lround(*top)));
+    }
 }
 
 void ProgramsPage::ShowSelectedProgram()

@@ -14,6 +14,7 @@ class BrowserPane;
 class CHorizontalSplitter;
 class ListView;
 class UpdateManager;
+class UpdateWindows;
 namespace platform
 {
 class MessageLoop;
@@ -25,7 +26,8 @@ class ProgramsPage final : public wxPanel
 {
   public:
     /// References must outlive the page.
-    ProgramsPage(wxWindow* parent, UpdateManager& manager, platform::MessageLoop& loop);
+    ProgramsPage(wxWindow* parent, UpdateManager& manager, UpdateWindows& windows,
+                 platform::MessageLoop& loop);
 
     /// Puts the splitter where it stood; its default when nothing is remembered.
     void RestoreSplitter();
@@ -39,10 +41,14 @@ class ProgramsPage final : public wxPanel
 
   private:
     wxButton* AddButton(wxSizer& sizer, const wxString& name);
+    void BindActions();
+    void ShowMenu();
+    [[nodiscard]] std::string SelectedProgram() const;
     void NavigateSoon();
     void NavigateNow();
 
     UpdateManager& m_manager;
+    UpdateWindows& m_windows;
     platform::MessageLoop& m_loop;
     CHorizontalSplitter* m_splitter = nullptr;
     ListView* m_list = nullptr;

@@ -1,62 +1,105 @@
+#include "app/BuildInformation.h"
 #include "app/CCheckOtherInstance.h"
-#include "app/frmMain.h"
+#include "app/UiRequest.h"
+#include "catalogue/CommonFolder.h"
 #include "controls/MousePointer.h"
+#include "controls/UserPrompts.h"
+#include "manager/UpdateManager.h"
 #include "platform/CommandLine.h"
-#include "ui/WxMessageLoop.h"
-#include "ui/WxMousePointer.h"
-#include "ui/WxPrompts.h"
+#include "platform/HeadlessLoop.h"
+#include "platform/ProgramLibrary.h"
+#include "updates/StartupRequest.h"
 
-#include <wx/app.h>
-
-#include <memory>
 #include <string>
-#include <utility>
 
 namespace velmo
 {
 namespace
 {
 
-/// Lives while the toolkit does; builds the program in its order and hands the parts over.
-class Application final : public wxApp
+constexpr int kNoWindows = 1;
+
+/// A start-up run that is still silent has nothing to say to anybody.
+class NoPrompts final : public UserPrompts
 {
   public:
-    Application(CCheckOtherInstance& instances, std::string commandLine)
-        : m_instances(instances), m_commandLine(std::move(commandLine))
+    void Notify(PromptIcon /*icon*/, const std::string& /*text*/,
+                const std::string& /*title*/) override
     {}
-
-    bool OnInit() override
-    {
-        SetAppDisplayName(wxString::FromUTF8(kMainWindowCaption.data(), kMainWindowCaption.size()));
-        m_loop = std::make_unique<WxMessageLoop>();
-        const CHourGlass busy(m_pointer);
-        m_manager = std::make_unique<UpdateManager>(*m_loop, m_prompts, m_pointer);
-        auto* window = new frmMain(*m_manager, m_prompts, *m_loop);
-        SetTopWindow(window);
-        m_instances.Listen(*m_loop, [window] { return window->ComeForward(); });
-        window->Open(m_commandLine);
-        return true;
-    }
-
-    /// The command line is searched, not parsed: the toolkit must not look for options in it.
-    void OnInitCmdLine(wxCmdLineParser& /*parser*/) override {}
-    bool OnCmdLineParsed(wxCmdLineParser& /*parser*/) override { return true; }
-
-    int OnExit() override
-    {
-        m_manager.reset();
-        m_loop.reset();
-        return wxApp::OnExit();
-    }
-
-  private:
-    CCheckOtherInstance& m_instances;
-    std::string m_commandLine;
-    WxMousePointer m_pointer;
-    WxPrompts m_prompts;
-    std::unique_ptr<WxMessageLoop> m_loop;
-    std::unique_ptr<UpdateManager> m_manager;
 };
+
+/// What a start-up run found out, with what the windows need to know of how.
+struct SilentResult
+{
+    StartupFindings findings;
+    std::string statusLines;
+};
+
+SilentResult CheckSilently(const StartupRequest& request)
+{
+    platform::HeadlessLoop loop;
+    NoPrompts prompts;
+    MousePointer pointer;
+    UpdateManager manager(loop, prompts, pointer);
+    manager.Startup().MarkCaller(request);
+    SilentResult result{manager.CheckForCaller(request), manager.StatusBox().Text()};
+    if (result.findings.Outcome() == StartupOutcome::Nothing)
+    {
+        manager.DeleteLists();
+    }
+    return result;
+}
+
+/// Loads the windows' library and lets it show what @a request asks for.
+int ShowWindows(UiRequest request, bool silent)
+{
+    DiagnosticLog log(LogFilePath());
+    int exitCode = kOtherBuild;
+    const auto library = platform::LoadFromProgramFolder(kUiLibrary, kUiFunction);
+    if (library)
+    {
+        request.build = build::kVersion;
+        request.module = library.Value().module;
+        exitCode = reinterpret_cast<UiFunction>(library.Value().address)(&request);
+    }
+    else
+    {
+        log.Failure(std::string("Loading ") + kUiLibrary, library.Failure());
+    }
+    if (exitCode != kOtherBuild)
+    {
+        return exitCode;
+    }
+    const std::string text = std::string("The library ") + kUiLibrary +
+                             " beside this program is missing, damaged or of another version. "
+                             "Please install the program again.";
+    log.Write(text);
+    if (!silent)
+    {
+        platform::TellFailure(build::kTitle, text);
+    }
+    return kNoWindows;
+}
+
+int RunInStartupMode(const std::string& commandLine)
+{
+    const SilentResult result = CheckSilently(StartupRequest(commandLine));
+    const StartupFindings& findings = result.findings;
+    if (findings.Outcome() == StartupOutcome::Nothing)
+    {
+        return 0;
+    }
+    UiRequest request{};
+    request.commandLine = commandLine.c_str();
+    request.subject = UiSubject::StartupFindings;
+    request.programNeedsUpdate = findings.programNeedsUpdate ? 1 : 0;
+    request.installedVersion = findings.installedVersion.c_str();
+    request.latestVersion = findings.latestVersion.c_str();
+    request.databases = findings.equipment.databases;
+    request.pictures = findings.equipment.pictures;
+    request.statusLines = result.statusLines.c_str();
+    return ShowWindows(request, true);
+}
 
 int RunStartUp(int argc, char** argv)
 {
@@ -65,10 +108,15 @@ int RunStartUp(int argc, char** argv)
     {
         return 0;
     }
-    // The toolkit gets the program's name only: the rest of the command line is not for it.
-    int ownArgc = 1;
-    wxApp::SetInstance(new Application(instances, platform::CommandLineText(argc, argv)));
-    return wxEntry(ownArgc, argv);
+    const std::string commandLine = platform::CommandLineText(argc, argv);
+    if (StartupRequest(commandLine).startupMode)
+    {
+        return RunInStartupMode(commandLine);
+    }
+    UiRequest request{};
+    request.commandLine = commandLine.c_str();
+    request.subject = UiSubject::MainWindow;
+    return ShowWindows(request, false);
 }
 
 } // namespace

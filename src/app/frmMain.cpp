@@ -2,20 +2,25 @@
 
 #include "app/CCheckOtherInstance.h"
 #include "app/ConnectPanel.h"
-#include "app/EmptyPage.h"
+#include "app/EquipmentPage.h"
+#include "app/NewsPage.h"
+#include "app/ProgramInformation.h"
 #include "app/ProgramsPage.h"
+#include "app/UpdateWindows.h"
 #include "app/WindowSettings.h"
-#include "controls/UserPrompts.h"
+#include "app/frmAbout.h"
+#include "platform/MFile.h"
 #include "platform/MessageLoop.h"
+#include "platform/Processes.h"
 #include "settings/TextCase.h"
 #include "ui/CFormHandler.h"
 #include "ui/CListViewHandler.h"
 #include "ui/WxText.h"
+#include "updates/StartupRequest.h"
 
 #include <wx/accel.h>
 #include <wx/app.h>
-#include <wx/artprov.h>
-#include <wx/iconbndl.h>
+#include <wx/clipbrd.h>
 #include <wx/menu.h>
 #include <wx/notebook.h>
 #include <wx/sizer.h>
@@ -26,6 +31,7 @@
 #include <wx/msw/private.h>
 #endif
 
+#include <algorithm>
 #include <array>
 
 namespace velmo
@@ -35,20 +41,27 @@ namespace
 
 constexpr std::array kTabCaptions{"Progr&ams", "&HVAC Equipment Databases", "&Latest News"};
 
+constexpr std::size_t kEquipmentTab = 1;
+constexpr std::size_t kNewsTab = 2;
+
 constexpr std::chrono::milliseconds kTimerInterval(1000);
 
 const wxSize kDefaultSize(1000, 720);
+
+/// The default size again, in characters of the window's font, which a person may have enlarged.
+const wxSize kDefaultCharacters(120, 40);
 const wxSize kLeastSize(720, 520);
 
 } // namespace
 
-frmMain::frmMain(UpdateManager& manager, UserPrompts& prompts, platform::MessageLoop& loop)
-    : m_manager(manager), m_prompts(prompts), m_loop(loop)
+frmMain::frmMain(UpdateManager& manager, UpdateWindows& windows, platform::MessageLoop& loop)
+    : m_manager(manager), m_windows(windows), m_loop(loop)
 {
     CreateWindow();
     loop.Yield();
     CreateMenus();
     CreateControls();
+    m_news->OpenNewsPage();
     m_manager.Show(this);
 
     CFormHandler(m_manager.Settings(), kMainWindowSection).Restore(*this);
@@ -88,6 +101,9 @@ void frmMain::CreateWindow()
 #else
     Create(nullptr, wxID_ANY, caption, wxDefaultPosition, size, wxDEFAULT_FRAME_STYLE, "frmMain");
 #endif
+    const wxSize characters(kDefaultCharacters.x * GetCharWidth(),
+                            kDefaultCharacters.y * GetCharHeight());
+    SetSize(wxSize(std::max(size.x, characters.x), std::max(size.y, characters.y)));
     SetMinSize(FromDIP(kLeastSize));
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
 }
@@ -98,6 +114,9 @@ void frmMain::CreateMenus()
     // The key stands at the right of the entry; the window system itself acts on it.
     file->Append(wxID_EXIT, "E&xit\tAlt+F4");
     auto* help = new wxMenu;
+    const int openLog = help->Append(wxID_ANY, "Open &Log File")->GetId();
+    const int copyDetails = help->Append(wxID_ANY, "Copy &Details")->GetId();
+    help->AppendSeparator();
     help->Append(wxID_ABOUT, "&About Update Manager...");
     auto* bar = new wxMenuBar;
     bar->Append(file, "&File");
@@ -105,6 +124,12 @@ void frmMain::CreateMenus()
     SetMenuBar(bar);
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, wxID_EXIT);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { ShowAbout(); }, wxID_ABOUT);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { OpenLogFile(); }, openLog);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { CopyDetails(); }, copyDetails);
 }
 
 void frmMain::CreateControls()
@@ -113,14 +138,15 @@ void frmMain::CreateControls()
     auto* tabs = new wxNotebook(body, wxID_ANY);
     tabs->SetName("tbsMain");
     m_tabs = tabs;
-    m_programs = new ProgramsPage(tabs, m_manager, m_loop);
+    m_programs = new ProgramsPage(tabs, m_manager, m_windows, m_loop);
     tabs->AddPage(m_programs, kTabCaptions[0]);
-    tabs->AddPage(MakeEmptyPage(tabs, "The vendor's equipment databases and picture groups will be "
-                                      "listed here once this version can install them."),
-                  kTabCaptions[1]);
-    tabs->AddPage(MakeEmptyPage(tabs, "The vendor's latest headlines will be listed here once this "
-                                      "version can show them."),
-                  kTabCaptions[2]);
+    m_equipment = new EquipmentPage(tabs, m_manager, m_windows, m_loop);
+    tabs->AddPage(m_equipment, kTabCaptions[1]);
+    m_news = new NewsPage(
+        tabs, m_manager,
+        {[this] { SelectTab(kNewsTab); }, [this](const std::string& link) { ShowLink(link); },
+         [this](const std::string& address) { m_manager.Addresses().Open(address); }});
+    tabs->AddPage(m_news, kTabCaptions[2]);
     m_connect = new ConnectPanel(body, m_manager);
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(tabs, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(6)));
@@ -179,19 +205,74 @@ void frmMain::Open(const std::string& commandLine)
     }
     m_programs->FocusList();
     const wxWeakRef<frmMain> window(this);
-    m_loop.After(kTimerInterval, [window] {
+    m_loop.After(kTimerInterval, [window, commandLine] {
         if (window != nullptr)
         {
-            window->OnTimer();
+            window->OnTimer(commandLine);
         }
     });
+    if (StartupRequest(commandLine).databasesTab)
+    {
+        SelectTab(kEquipmentTab);
+    }
 }
 
-void frmMain::OnTimer()
+void frmMain::OpenOnUpdates(bool databasesTab)
 {
-    if (m_manager.AutoConnect())
+    Show();
+    m_programs->FocusList();
+    if (databasesTab)
     {
-        m_manager.FetchLists();
+        SelectTab(kEquipmentTab);
+    }
+}
+
+void frmMain::OnTimer(const std::string& commandLine)
+{
+    m_manager.RunAfterOpening(StartupRequest(commandLine), m_windows);
+}
+
+void frmMain::ShowAbout()
+{
+    frmAbout(this, OwnInformation()).ShowModal();
+}
+
+void frmMain::OpenLogFile()
+{
+    const std::string& path = m_manager.Log().Path();
+    if (!platform::MFile::FileExists(path))
+    {
+        m_windows.Notify(PromptIcon::Information,
+                         "There is no log file yet: nothing has gone wrong so far.", "Log File");
+        return;
+    }
+    if (const auto opened = platform::OpenDocument(path); !opened)
+    {
+        m_manager.Log().Failure("Opening " + path, opened.Failure());
+        m_windows.Notify(PromptIcon::Information, "The log file is " + path, "Log File");
+    }
+}
+
+void frmMain::CopyDetails()
+{
+    const wxClipboardLocker clipboard;
+    if (!clipboard)
+    {
+        m_manager.Log().Write("The clipboard is in use by another program");
+        return;
+    }
+    wxTheClipboard->SetData(
+        new wxTextDataObject(ToWx(m_manager.Details(OwnInformation().version))));
+    wxTheClipboard->Flush();
+    SetStatusText("The details are on the clipboard.");
+}
+
+void frmMain::ShowLink(const std::string& link)
+{
+    // Only when it differs, so that the text does not flicker.
+    if (FromWx(GetStatusBar()->GetStatusText()) != link)
+    {
+        SetStatusText(ToWx(link));
     }
 }
 
@@ -213,7 +294,7 @@ void frmMain::OnClose(wxCloseEvent& event)
 {
     if (ListFiles::PointAtTestLists())
     {
-        m_prompts.Notify(PromptIcon::Stop, "Correct the constants in frmMain of VelmoUpd",
+        m_windows.Notify(PromptIcon::Stop, "Correct the constants in frmMain of VelmoUpd",
                          "Rebuild Needed");
     }
     if (m_manager.Lists().Busy() && event.CanVeto())
@@ -245,6 +326,11 @@ void frmMain::OnBusyChanged()
 void frmMain::OnCountsChanged()
 {
     m_connect->ShowCounts();
+}
+
+void frmMain::OnHeadlinesChanged()
+{
+    m_news->ShowHeadlines();
 }
 
 void frmMain::RedrawProgramList()

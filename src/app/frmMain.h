@@ -13,8 +13,10 @@ namespace velmo
 {
 
 class ConnectPanel;
-class MousePointer;
+class EquipmentPage;
+class NewsPage;
 class ProgramsPage;
+class UpdateWindows;
 namespace platform
 {
 class MessageLoop;
@@ -26,12 +28,16 @@ class frmMain final : public wxFrame, private UpdateManagerView
 {
   public:
     /// Loads the window in its order. References must outlive it.
-    frmMain(UpdateManager& manager, UserPrompts& prompts, platform::MessageLoop& loop);
+    frmMain(UpdateManager& manager, UpdateWindows& windows, platform::MessageLoop& loop);
     ~frmMain() override;
 
     /// Shows the window, selects the program that the command line names (else the first), and
     /// starts the timer that connects.
     void Open(const std::string& commandLine);
+
+    /// Shows the window to somebody who wants to see what a start-up run found; with @a databasesTab
+    /// on the equipment tab. The lists are there: no timer connects.
+    void OpenOnUpdates(bool databasesTab);
 
     /// Brings the window to the front, restored when it is minimised. False when it is not shown.
     bool ComeForward();
@@ -44,17 +50,24 @@ class frmMain final : public wxFrame, private UpdateManagerView
     void SelectTab(std::size_t tab);
     void OnClose(wxCloseEvent& event);
     void SaveState();
-    void OnTimer();
+    void OnTimer(const std::string& commandLine);
+    void ShowAbout();
+    void OpenLogFile();
+    void CopyDetails();
+    void ShowLink(const std::string& link);
 
     void OnBusyChanged() override;
     void OnCountsChanged() override;
     void RedrawProgramList() override;
+    void OnHeadlinesChanged() override;
 
     UpdateManager& m_manager;
-    UserPrompts& m_prompts;
+    UpdateWindows& m_windows;
     platform::MessageLoop& m_loop;
     wxBookCtrlBase* m_tabs = nullptr;
     ProgramsPage* m_programs = nullptr;
+    EquipmentPage* m_equipment = nullptr;
+    NewsPage* m_news = nullptr;
     ConnectPanel* m_connect = nullptr;
 };
 

@@ -148,22 +148,22 @@ void CVelmoProgramCommunicator::SetFileVersion(std::int32_t number, std::int32_t
     {
         return;
     }
+    CFileVersionInfo info;
     try
     {
-        CFileVersionInfo info;
         info.FullPathName(path);
-        const std::string version =
-            info.FileVersion().empty() ? info.VerFile() : info.FileVersion();
-        if (version.empty())
-        {
-            m_log.Write("The executable has no version resource: " + path);
-        }
-        ReadVersionPieces(version, {&major, &minor, &revision});
     }
-    catch (const std::exception& fault)
+    catch (const TranslationCodeError& fault)
     {
-        m_log.Write("Reading the version of " + path + ": " + fault.what());
+        // The fixed numbers are there all the same.
+        m_log.Write("CVelmoProgramCommunicator::SetFileVersion: " + path + ": " + fault.what());
     }
+    const std::string& version = info.FileVersion().empty() ? info.VerFile() : info.FileVersion();
+    if (version.empty())
+    {
+        m_log.Write("The executable has no version resource: " + path);
+    }
+    ReadVersionPieces(version, {&major, &minor, &revision});
 }
 
 std::string CVelmoProgramCommunicator::IniFilePath(const LocatorEntry& entry)
@@ -261,7 +261,8 @@ void CVelmoProgramCommunicator::Launch(std::int32_t number)
     for (const std::string_view executable : {EntryOf(number)->executable, kPreviousLaunchable})
     {
         const std::string path = folder + std::string(executable);
-        if (!MFile::FileExists(path))
+        // Without its folder it would be whatever bears that name in the current one.
+        if (folder.empty() || !MFile::FileExists(path))
         {
             continue;
         }

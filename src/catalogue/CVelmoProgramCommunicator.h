@@ -54,6 +54,7 @@ class CVelmoProgramCommunicator
     [[nodiscard]] std::string FolderName(std::int32_t number);
 
     /// A value of the program's own INI file; the kind of @a defaultValue is the kind of the answer.
+    /// The default is also the answer for a number without INI file and for an unknown kind.
     [[nodiscard]] INIValue ProgramINIValue(std::int32_t number, std::string_view section,
                                            std::string_view key, INIValueKind kind,
                                            const INIValue& defaultValue);

@@ -51,7 +51,8 @@ constexpr bool In(const std::array<int, n>& list, std::int32_t index)
 constexpr bool IsName(std::string_view name)
 {
     const std::size_t blank = name.rfind(' ');
-    if (blank == std::string_view::npos || blank == 0 || blank + 1 == name.size())
+    if (blank == std::string_view::npos || blank == 0 || name[blank - 1] == ' ' ||
+        blank + 1 == name.size())
     {
         return false;
     }
@@ -59,11 +60,17 @@ constexpr bool IsName(std::string_view name)
     return std::all_of(version.begin(), version.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
+/// Whether a file lies in that folder itself.
+constexpr bool LiesIn(std::string_view folder, std::string_view path)
+{
+    return path.starts_with(folder) && path.rfind('/') + 1 == folder.size();
+}
+
 constexpr bool IsPage(std::string_view path)
 {
     for (const std::string_view area : {"/web/hvacr/", "/web/electrical/", "/web/plumbing/"})
     {
-        if (path.starts_with(area))
+        if (LiesIn(area, path))
         {
             return path.ends_with(".html") || path.ends_with(".htm");
         }
@@ -74,9 +81,7 @@ constexpr bool IsPage(std::string_view path)
 constexpr bool IsDemoSetup(const ProgramEntry& row)
 {
     const bool apart = row.index == kRowOnSecondDemoServer;
-    return row.demoSetup.ends_with(".exe") &&
-           row.demoSetup.starts_with(apart ? "/pub/" : "/pub/demo/") &&
-           row.demoSetup.starts_with("/pub/demo/") != apart;
+    return LiesIn(apart ? "/pub/" : "/pub/demo/", row.demoSetup) && row.demoSetup.ends_with(".exe");
 }
 
 constexpr bool MayShareInformationPage(std::int32_t a, std::int32_t b)

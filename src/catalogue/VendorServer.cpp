@@ -3,6 +3,7 @@
 #include "catalogue/BuildConfiguration.h"
 #include "platform/MachinePolicy.h"
 #include "settings/DiagnosticLog.h"
+#include "settings/TextCase.h"
 
 namespace velmo
 {
@@ -15,19 +16,21 @@ std::string VendorServer::Address(std::string_view path) const
 VendorServer ConfiguredServer(DiagnosticLog& log)
 {
     VendorServer server{build::kWebServer, build::kSecondDemoServer};
-    std::string policy = platform::ReadMachinePolicy("WebServer").value_or("");
+    const std::string text = platform::ReadMachinePolicy("WebServer").value_or("");
+    std::string_view policy = Trimmed(text);
     while (policy.ends_with('/'))
     {
-        policy.pop_back();
+        policy.remove_suffix(1);
     }
-    if (policy.starts_with("http://") || policy.starts_with("https://"))
+    const std::string lower = LowerCase(policy);
+    if (lower.starts_with("http://") || lower.starts_with("https://"))
     {
         server.webServer = policy;
     }
     else if (!policy.empty())
     {
         log.Write("The machine policy WebServer is ignored, it is no http or https address: " +
-                  policy);
+                  text);
     }
     return server;
 }

@@ -42,7 +42,7 @@ constexpr std::array kCommands{
 
 } // namespace
 
-ExitCode Run(int argc, const char* const* argv, std::ostream& output, std::ostream& errors)
+ExitCode Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors)
 {
     CLI::App app("Velmo Software Update Manager without its windows", "velmoupdctl");
     app.require_subcommand(1);
@@ -54,7 +54,8 @@ ExitCode Run(int argc, const char* const* argv, std::ostream& output, std::ostre
     }
     try
     {
-        app.parse(argc, argv);
+        // The parser takes them last first.
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     }
     catch (const CLI::ParseError& error)
     {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
+#include <vector>
 
 /**
     The console commands of velmoupdctl. Each prints its result to the output and one sentence for a
@@ -19,8 +21,8 @@ enum class ExitCode : int
     ServerUnreachable = 5, ///< The vendor's lists could not be fetched.
 };
 
-/// Runs the command that the arguments name.
-[[nodiscard]] ExitCode Run(int argc, const char* const* argv, std::ostream& output,
+/// Runs the command that the arguments name, the program's name not among them.
+[[nodiscard]] ExitCode Run(const std::vector<std::string>& arguments, std::ostream& output,
                            std::ostream& errors);
 
 } // namespace velmo::companion

@@ -27,7 +27,8 @@ struct ListRow
 struct ListColumn
 {
     std::string title;
-    float width = 0;               ///< Twips: 15 to a device-independent pixel.
+    float width = 0;               ///< Twips: 15 to a device-independent pixel. 0: not sized yet,
+                                   ///< as wide as the header and the first rows want.
     std::optional<SortOrder> mark; ///< The arrow in the header; none when not shown.
 };
 

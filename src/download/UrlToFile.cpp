@@ -11,6 +11,12 @@ namespace velmo
 namespace
 {
 
+Result<Done> TooLate()
+{
+    constexpr std::int32_t kTimedOut = 12002;
+    return Error{kTimedOut, "The time for downloads was over."};
+}
+
 /// Keeps the outcome until the loop comes back to whoever waits for it.
 class Waiter final : public platform::AsyncRead::Listener
 {
@@ -51,19 +57,32 @@ UrlToFile::UrlToFile(platform::MessageLoop& loop, const platform::HttpLimits& li
 
 bool UrlToFile::Download(const std::string& url, const std::string& path)
 {
-    Waiter waiter;
-    const platform::AsyncRead read(m_loop, url, m_limits, waiter);
-    m_loop.RunUntil([&waiter] { return waiter.IsDone(); });
-
-    Result<Done> outcome = waiter.Outcome();
-    if (outcome)
-    {
-        const auto bytes = read.Bytes()->First(waiter.Count());
-        outcome = platform::MFile::WriteAll(
-            path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-    }
+    const Result<Done> outcome = TimeIsOver() ? TooLate() : DownloadInTime(url, path);
     m_lastError = outcome ? Error{} : outcome.Failure();
     return outcome.Ok();
+}
+
+Result<Done> UrlToFile::DownloadInTime(const std::string& url, const std::string& path)
+{
+    Waiter waiter;
+    platform::AsyncRead read(m_loop, url, m_limits, waiter);
+    m_loop.RunUntil([&] { return waiter.IsDone() || TimeIsOver(); });
+    if (!waiter.IsDone())
+    {
+        return TooLate();
+    }
+    if (!waiter.Outcome())
+    {
+        return waiter.Outcome();
+    }
+    const auto bytes = read.Bytes()->First(waiter.Count());
+    return platform::MFile::WriteAll(path,
+                                     {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+bool UrlToFile::TimeIsOver() const
+{
+    return m_end && std::chrono::steady_clock::now() >= *m_end;
 }
 
 } // namespace velmo

@@ -4,7 +4,9 @@
 #include "platform/MessageLoop.h"
 #include "platform/Result.h"
 
+#include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace velmo
@@ -28,14 +30,21 @@ class UrlToFile
     /// as a whole; a failure leaves that one as it was. True when it worked.
     [[nodiscard]] bool Download(const std::string& url, const std::string& path);
 
+    /// From @a end on, a running download is given up, with error 12002, and none is started.
+    void EndBy(std::chrono::steady_clock::time_point end) { m_end = end; }
+
     /// Why the last download failed: the internet's code (platform/HttpGet.h), for 12003 with the
     /// server's answer as the description; or the system's when the file could not be written. Code 0
     /// after a success.
     [[nodiscard]] const Error& LastError() const { return m_lastError; }
 
   private:
+    Result<Done> DownloadInTime(const std::string& url, const std::string& path);
+    [[nodiscard]] bool TimeIsOver() const;
+
     platform::MessageLoop& m_loop;
     platform::HttpLimits m_limits;
+    std::optional<std::chrono::steady_clock::time_point> m_end;
     Error m_lastError;
 };
 

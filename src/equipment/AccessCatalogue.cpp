@@ -72,7 +72,7 @@ Result<std::optional<std::uint32_t>> TablePage(const AccessRow& row,
     {
         return name ? id.Failure() : name.Failure();
     }
-    if (!IsSameAccessName(AccessText(name.Value(), format), wanted))
+    if (!IsAccessName(name.Value(), wanted, format))
     {
         return std::optional<std::uint32_t>();
     }

@@ -7,7 +7,7 @@
 namespace velmo
 {
 
-/// The table of that name (IsSameAccessName) from the file's catalogue, or nothing. Queries, linked
+/// The table of that name (IsAccessName) from the file's catalogue, or nothing. Queries, linked
 /// tables, forms and whatever else may bear the name are not tables. @a pages outlives the table.
 [[nodiscard]] Result<std::optional<AccessTable>> FindAccessTable(AccessPages& pages,
                                                                  std::string_view name);

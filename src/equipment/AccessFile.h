@@ -28,12 +28,12 @@ struct AccessField
 };
 
 /**
-    Reads single fields from an Access database file (97 to 2019, .mdb and .accdb) without a database
-    engine. The file is opened for reading only and stays open to every other program; of it only the
-    pages that are needed are read, each once.
+    Reads single fields from an Access database file (97 to 2019, .mdb and .accdb) without a
+    database engine. The file is opened for reading only and stays open to every other program; of
+    it only what is needed is read, and only once.
 
     Nothing in the file is trusted: a damaged one, however made, ends in an Error, never in a crash,
-    an endless loop or more than 16 MiB of memory. One thread at a time.
+    an endless loop or more than 16 MiB of pages in memory. One thread at a time.
  */
 class AccessFile
 {
@@ -46,15 +46,15 @@ class AccessFile
     [[nodiscard]] static Result<AccessFile> OpenBytes(std::span<const std::byte> bytes);
 
     /**
-        One field of a table's first record: the first in stored order that is not deleted. Names are
-        compared without regard to case. Queries and linked tables are not tables. Text is as
-        AccessValue.h says. Errors: AccessErrorCode::Damaged, NoText.
+        One field of a table's first record: the first in stored order that is not deleted. Names
+        are ASCII, in any case. Queries and linked tables are not tables. Text is as AccessValue.h
+        says. Errors: AccessErrorCode::Damaged, NoText.
      */
     [[nodiscard]] Result<AccessField> FirstRecordField(std::string_view table,
                                                        std::string_view field);
 
-    /// What reading took so far: pages read, and pages asked for.
-    [[nodiscard]] std::size_t PagesRead() const { return m_pages.PagesRead(); }
+    /// What reading took so far: blocks of 4 KiB read, and pages asked for.
+    [[nodiscard]] std::size_t BlocksRead() const { return m_pages.BlocksRead(); }
     [[nodiscard]] std::size_t PageRequests() const { return m_pages.Requests(); }
 
   private:

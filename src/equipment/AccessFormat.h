@@ -10,8 +10,8 @@
 namespace velmo
 {
 
-/// Where things lie in an Access file; all offsets and sizes in bytes. Jet 3 is Access 97; everything
-/// since Access 2000, ACE included, shares the other layout.
+/// Where things lie in an Access file; all offsets and sizes in bytes. Jet 3 is Access 97;
+/// everything since Access 2000, ACE included, shares the other layout.
 struct JetFormat
 {
     std::size_t pageSize;

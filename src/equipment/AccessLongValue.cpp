@@ -58,11 +58,11 @@ Result<std::string> ChainedText(AccessPages& pages, std::uint32_t place, std::si
 
 Result<std::string> AccessLongText(AccessPages& pages, ByteView stored)
 {
-    if (stored.Size() < kHeadSize)
+    const std::size_t length = stored.U32(0) & kLength;
+    if (stored.Size() < kHeadSize || length > pages.FileSize())
     {
         return WrongText();
     }
-    const std::size_t length = stored.U32(0) & kLength;
     const std::uint32_t place = stored.U32(kPointer);
     if ((stored.U32(0) & (kInline | kInOneRow)) == 0)
     {

@@ -38,6 +38,17 @@ bool ReadAt(const AccessSource& source, std::uint64_t offset, std::span<std::byt
     return true;
 }
 
+/// The block at @a place, the file's last one as far as it goes; nothing when it cannot be read.
+std::unique_ptr<std::byte[]> ReadBlock(const AccessSource& source, std::uint64_t place)
+{
+    const std::uint64_t size = SizeOf(source);
+    const auto there =
+        std::min<std::uint64_t>(AccessPages::kBlockSize, size - std::min(place, size));
+    auto block = std::make_unique_for_overwrite<std::byte[]>(AccessPages::kBlockSize);
+    const bool isRead = ReadAt(source, place, {block.get(), static_cast<std::size_t>(there)});
+    return isRead ? std::move(block) : nullptr;
+}
+
 std::string PageName(std::uint32_t number)
 {
     return "page " + std::to_string(number);
@@ -45,26 +56,32 @@ std::string PageName(std::uint32_t number)
 
 } // namespace
 
-AccessPages::AccessPages(AccessSource source, const JetFormat& format)
-    : m_source(std::move(source)), m_format(&format),
-      m_pageCount(SizeOf(m_source) / format.pageSize)
-{}
+AccessPages::AccessPages(AccessSource source, const JetFormat& format, Block first)
+    : m_source(std::move(source)), m_format(&format)
+{
+    m_blocks.emplace(0, std::move(first));
+}
 
 Result<AccessPages> AccessPages::Open(AccessSource source)
 {
-    std::array<std::byte, kAccessHeaderSize> header{};
-    const std::uint64_t size = SizeOf(source);
-    const std::size_t there = std::min<std::uint64_t>(size, header.size());
-    if (!ReadAt(source, 0, std::span(header).first(there)))
+    auto first = ReadBlock(source, 0);
+    if (!first)
     {
         return DamagedAccessFile("its first page cannot be read");
     }
-    const auto format = CheckAccessHeader(ByteView(std::span(header).first(there)));
+    const auto header = std::min<std::uint64_t>(SizeOf(source), kAccessHeaderSize);
+    const auto format =
+        CheckAccessHeader(ByteView({first.get(), static_cast<std::size_t>(header)}));
     if (!format)
     {
         return format.Failure();
     }
-    return AccessPages(std::move(source), *format.Value());
+    return AccessPages(std::move(source), *format.Value(), std::move(first));
+}
+
+std::uint64_t AccessPages::FileSize() const
+{
+    return SizeOf(m_source);
 }
 
 Result<ByteView> AccessPages::Page(std::uint32_t number, AccessPageType type)
@@ -73,26 +90,24 @@ Result<ByteView> AccessPages::Page(std::uint32_t number, AccessPageType type)
     {
         return DamagedAccessFile("its pages lead round in circles");
     }
-    auto known = m_pages.find(number);
-    if (known == m_pages.end())
+    const std::size_t size = m_format->pageSize;
+    const std::uint64_t place = std::uint64_t{number} * size;
+    if (place + size > FileSize())
     {
-        if (number >= m_pageCount)
-        {
-            return DamagedAccessFile(PageName(number) + " lies past the end of the file");
-        }
-        if (m_pages.size() >= kMostPages)
-        {
-            return DamagedAccessFile("too many of its pages would have to be read");
-        }
-        auto bytes = std::make_unique_for_overwrite<std::byte[]>(m_format->pageSize);
-        if (!ReadAt(m_source, std::uint64_t{number} * m_format->pageSize,
-                    {bytes.get(), m_format->pageSize}))
+        return DamagedAccessFile(PageName(number) + " lies past the end of the file");
+    }
+    const std::size_t inBlock = place % kBlockSize;
+    auto block = m_blocks.find(place - inBlock);
+    if (block == m_blocks.end())
+    {
+        auto bytes = m_blocks.size() < kMostBlocks ? ReadBlock(m_source, place - inBlock) : nullptr;
+        if (!bytes)
         {
             return DamagedAccessFile(PageName(number) + " cannot be read");
         }
-        known = m_pages.emplace(number, std::move(bytes)).first;
+        block = m_blocks.emplace(place - inBlock, std::move(bytes)).first;
     }
-    const ByteView page(std::span<const std::byte>(known->second.get(), m_format->pageSize));
+    const ByteView page({block->second.get() + inBlock, size});
     if (page.U8(0) != static_cast<std::uint8_t>(type))
     {
         return DamagedAccessFile(PageName(number) + " is not of the type that it should be");

@@ -14,8 +14,8 @@ class AccessRow
         : m_format(&format), m_table(&table), m_bytes(bytes)
     {}
 
-    /// Whether the column has a value here. For a Boolean column this is the value itself. Rows that
-    /// are older than a column have none for it.
+    /// Whether the column has a value here. For a Boolean column this is the value itself. Rows
+    /// that are older than a column have none for it.
     [[nodiscard]] Result<bool> IsPresent(const AccessColumn& column) const;
 
     /// The stored bytes of a column that is present and not Boolean.

@@ -6,8 +6,8 @@
 namespace velmo
 {
 
-/// The live rows of a table in the order in which they are stored. A row that was moved counts at the
-/// place where it first was.
+/// The live rows of a table in the order in which they are stored. A row that was moved counts at
+/// the place where it first was.
 class AccessRows
 {
   public:

@@ -95,7 +95,7 @@ Result<std::optional<AccessColumn>> AccessTable::FindColumn(std::string_view nam
             return DamagedAccessFile("a table's definition ends too early");
         }
         names += format.nameLengthSize + length;
-        if (!IsSameAccessName(AccessName(*stored, format), name))
+        if (!IsAccessName(*stored, name, format))
         {
             continue;
         }

@@ -37,7 +37,7 @@ class AccessTable
     /// Whether rows have a table of variable columns (deleted ones count).
     [[nodiscard]] bool HasVariableColumns() const;
 
-    /// The column of that name (IsSameAccessName), or nothing.
+    /// The column of that name (IsAccessName), or nothing.
     [[nodiscard]] Result<std::optional<AccessColumn>> FindColumn(std::string_view name) const;
 
   private:

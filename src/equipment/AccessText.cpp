@@ -1,12 +1,23 @@
 #include "equipment/AccessText.h"
 
 #include "platform/AnsiText.h"
-#include "settings/TextCase.h"
 
 namespace velmo
 {
 namespace
 {
+
+constexpr std::string_view kCompressedMark = "\xFF\xFE";
+
+constexpr char Lower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool IsCompressed(std::string_view stored, const JetFormat& format)
+{
+    return format.textIsUnicode && stored.starts_with(kCompressedMark);
+}
 
 /// UTF-16 of compressed text: one byte a character, until a zero byte changes to two bytes a
 /// character, and back again.
@@ -39,24 +50,37 @@ std::string Expand(std::string_view compressed)
 
 std::string AccessText(ByteView stored, const JetFormat& format)
 {
-    constexpr std::string_view kCompressedMark = "\xFF\xFE";
     const std::string_view bytes = stored.Chars();
-    if (format.textIsUnicode && bytes.starts_with(kCompressedMark))
+    if (IsCompressed(bytes, format))
     {
         return platform::FromUtf16(Expand(bytes.substr(kCompressedMark.size())));
     }
-    return AccessName(stored, format);
+    return format.textIsUnicode ? platform::FromUtf16(bytes) : platform::FromAnsi(bytes);
 }
 
-std::string AccessName(ByteView stored, const JetFormat& format)
+bool IsAccessName(ByteView stored, std::string_view name, const JetFormat& format)
 {
-    return format.textIsUnicode ? platform::FromUtf16(stored.Chars())
-                                : platform::FromAnsi(stored.Chars());
-}
-
-bool IsSameAccessName(std::string_view a, std::string_view b)
-{
-    return a.size() == b.size() && LowerCase(a) == LowerCase(b);
+    // Every name that a file stores is compared, so that none is converted first.
+    std::string_view bytes = stored.Chars();
+    std::size_t width = format.textIsUnicode ? 2 : 1;
+    if (IsCompressed(bytes, format))
+    {
+        bytes.remove_prefix(kCompressedMark.size());
+        width = 1;
+    }
+    if (bytes.size() != width * name.size())
+    {
+        return false;
+    }
+    for (std::size_t i = 0; i < name.size(); ++i)
+    {
+        const std::string_view unit = bytes.substr(width * i, width);
+        if (Lower(unit.front()) != Lower(name[i]) || (width == 2 && unit.back() != '\0'))
+        {
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace velmo

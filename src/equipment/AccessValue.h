@@ -8,7 +8,8 @@
 namespace velmo
 {
 
-/// What to do to read a field as text: its row, its column, and the pages for texts too long for rows.
+/// What to do to read a field as text: its row, its column, and the pages for texts too long for
+/// rows.
 struct AccessCell
 {
     AccessPages& pages;
@@ -19,9 +20,9 @@ struct AccessCell
 /**
     A field's value as text; nothing for null.
 
-    Dates are "m/d/yyyy", followed by " h:mm:ss AM" or "PM" when they are not at midnight. Numbers have
-    a decimal point and no needless zeros: 7 digits in a Single, 15 in a Double, 4 decimals in a
-    Currency. Booleans are "True" and "False", and never null. Text is as it is.
+    Dates are "m/d/yyyy", followed by " h:mm:ss AM" or "PM" when they are not at midnight. Numbers
+    have a decimal point and no needless zeros: 7 digits in a Single, 15 in a Double, 4 decimals in
+    a Currency. Booleans are "True" and "False", and never null. Text is as it is.
 
     Errors: NoText for pictures, binary data and other types without a text; Damaged.
  */

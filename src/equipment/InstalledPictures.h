@@ -28,10 +28,10 @@ struct InstalledPictures
 };
 
 /**
-    Decides how old the installed pictures are: by "PicInfo.ini" in their folder, else by the checker
-    file's time, else "Unknown" as long as there is a folder. Pictures of unknown age always need an
-    update. A checker file with a path is passed over: the list may only name files in the folder.
-    One thread at a time.
+    Decides how old the installed pictures are: by "PicInfo.ini" in their folder, else by the
+    checker file's time, else "Unknown" as long as there is a folder. Pictures of unknown age always
+    need an update. A checker file with a path is passed over: the list may only name files in the
+    folder. One thread at a time.
  */
 [[nodiscard]] InstalledPictures InspectPictures(const PictureGroup& group,
                                                 std::chrono::year thisYear, DiagnosticLog& log);

@@ -32,8 +32,8 @@ struct TimeParts
     std::optional<int> meridiem; ///< 0 = AM, 1 = PM.
 };
 
-/// Sorts tokens into a date's and a time's. A number belongs to the time when ":" or "." joins it to
-/// another or AM or PM follows.
+/// Sorts tokens into a date's and a time's. A number belongs to the time when ":" or "." joins it
+/// to another or AM or PM follows.
 class PartsReader
 {
   public:

@@ -1,10 +1,17 @@
 #include "manager/UpdateManager.h"
 
 #include "catalogue/CommonFolder.h"
+#include "catalogue/ProgramCatalogue.h"
 #include "catalogue/VendorServer.h"
 #include "equipment/DownloadFolder.h"
+#include "manager/Details.h"
 #include "platform/DesktopFolders.h"
 #include "platform/MFile.h"
+#include "updates/StatusNotice.h"
+#include "updates/UpdatePrompts.h"
+
+#include <chrono>
+#include <utility>
 
 namespace velmo
 {
@@ -13,6 +20,21 @@ namespace
 
 constexpr std::string_view kMiscellaneous = "Miscellaneous";
 constexpr std::string_view kAutoConnect = "AutoConnect";
+
+/// A start-up run takes 45 seconds at most: these for the server, the rest for this computer.
+constexpr std::chrono::seconds kDownloadTimeAtStartup(40);
+
+/// A fetch that fills nothing: nobody looks at the lists of a start-up run.
+class NoLists final : public ListsDownloadClient
+{
+  public:
+    void ClearHeadlines() override {}
+    void RefreshLists() override {}
+    void LoadHeadlines() override {}
+    void ShowSelectedProgram() override {}
+    void RedrawProgramList() override {}
+    void OnBusyChanged(bool /*busy*/) override {}
+};
 
 } // namespace
 
@@ -23,13 +45,15 @@ std::string UpdateCounts::Text() const
 }
 
 UpdateManager::UpdateManager(platform::MessageLoop& loop, UserPrompts& prompts,
-                             MousePointer& pointer)
+                             MousePointer& pointer, AddressOpener::Shell shell)
     : m_log(LogFilePath()), m_settings(m_log), m_locator(m_log, prompts), m_urlToFile(loop),
       m_lists(ListFiles(platform::ProgramFolder()), ConfiguredServer(m_log), m_urlToFile, loop,
               m_statusBox, pointer, m_log),
       m_versionList(m_lists.Files().versionList, m_log),
       m_programs(m_locator, m_settings, m_versionList),
-      m_equipment(m_lists.Files().manufacturerList, m_lists.Server().webServer, m_locator, m_log)
+      m_equipment(m_lists.Files().manufacturerList, m_lists.Server().webServer, m_locator, m_log),
+      m_startup(m_locator, m_settings, m_versionList), m_addresses(m_log, std::move(shell)),
+      m_actions(m_lists.Server(), prompts, m_addresses)
 {
     m_settings.AppProfileFileName(SettingsFilePath());
 }
@@ -54,6 +78,53 @@ void UpdateManager::Reconnect()
 void UpdateManager::FillLists()
 {
     RefreshLists();
+    LoadHeadlines();
+}
+
+StartupFindings UpdateManager::CheckForCaller(const StartupRequest& request)
+{
+    m_urlToFile.EndBy(std::chrono::steady_clock::now() + kDownloadTimeAtStartup);
+    const auto fetch = [this] {
+        NoLists client;
+        m_lists.Fetch(client);
+        return m_lists.Succeeded();
+    };
+    return m_startup.CheckCaller(request, fetch, [this] { return CountEquipment(); });
+}
+
+void UpdateManager::RunAfterOpening(const StartupRequest& request, UpdatePrompts& prompts)
+{
+    if (AutoConnect())
+    {
+        FetchLists();
+    }
+    const ListRow* selected = m_programs.List().SelectedRow();
+    if (request.AsksForStatus() && selected != nullptr)
+    {
+        const StatusNotice notice = StatusNoticeOf(*selected);
+        prompts.Notify(PromptIcon::Information, notice.text, notice.title);
+    }
+    OfferOwnUpdate(prompts);
+}
+
+void UpdateManager::OfferOwnUpdate(UpdatePrompts& prompts)
+{
+    const auto notice = m_startup.CheckSelf();
+    if (notice && prompts.ShowUpdateDialog(*notice) == DialogAnswer::Download)
+    {
+        Download(notice->program);
+    }
+}
+
+void UpdateManager::Download(std::string_view program)
+{
+    m_actions.Download(IndexOfName(program), m_versionList.Read(program).demoUrl);
+}
+
+EquipmentCounts UpdateManager::CountEquipment()
+{
+    m_equipment.Refresh();
+    return {m_equipment.CountDatabasesThatNeedUpdate(), m_equipment.CountPicturesThatNeedUpdate()};
 }
 
 bool UpdateManager::AutoConnect() const
@@ -88,7 +159,20 @@ void UpdateManager::DeleteLists()
     m_lists.Files().Delete(m_log);
 }
 
-void UpdateManager::ClearHeadlines() {}
+std::string UpdateManager::Details(std::string_view programVersion) const
+{
+    return DetailsText({programVersion, m_lists, m_statusBox, m_programs.List(),
+                        m_settings.AppProfileFileName(), m_log.Path()});
+}
+
+void UpdateManager::ClearHeadlines()
+{
+    m_headlines.clear();
+    if (m_view != nullptr)
+    {
+        m_view->OnHeadlinesChanged();
+    }
+}
 
 void UpdateManager::RefreshLists()
 {
@@ -100,7 +184,14 @@ void UpdateManager::RefreshLists()
     }
 }
 
-void UpdateManager::LoadHeadlines() {}
+void UpdateManager::LoadHeadlines()
+{
+    m_headlines = ReadHeadlines(m_lists.Files().versionList, m_log);
+    if (m_view != nullptr)
+    {
+        m_view->OnHeadlinesChanged();
+    }
+}
 
 void UpdateManager::ShowSelectedProgram()
 {

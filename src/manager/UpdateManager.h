@@ -5,19 +5,27 @@
 #include "controls/StatusBoxModel.h"
 #include "download/UrlToFile.h"
 #include "equipment/EquipmentList.h"
+#include "news/Headlines.h"
+#include "platform/Processes.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
+#include "updates/AddressOpener.h"
 #include "updates/ListsDownload.h"
+#include "updates/ProgramActions.h"
 #include "updates/ProgramStatusList.h"
+#include "updates/StartupCheck.h"
 #include "updates/VersionList.h"
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace velmo
 {
 
 class MousePointer;
+class UpdatePrompts;
 class UserPrompts;
 namespace platform
 {
@@ -46,6 +54,7 @@ class UpdateManagerView
     virtual void OnBusyChanged() = 0; ///< A fetch started or ended.
     virtual void OnCountsChanged() = 0;
     virtual void RedrawProgramList() = 0;
+    virtual void OnHeadlinesChanged() {}
 };
 
 /**
@@ -55,8 +64,9 @@ class UpdateManagerView
 class UpdateManager final : private ListsDownloadClient
 {
   public:
-    /// All references must outlive the manager.
-    UpdateManager(platform::MessageLoop& loop, UserPrompts& prompts, MousePointer& pointer);
+    /// All references must outlive the manager. @a shell opens web addresses.
+    UpdateManager(platform::MessageLoop& loop, UserPrompts& prompts, MousePointer& pointer,
+                  AddressOpener::Shell shell = platform::OpenThroughShell);
 
     /// One view; nullptr for none.
     void Show(UpdateManagerView* view) { m_view = view; }
@@ -70,6 +80,21 @@ class UpdateManager final : private ListsDownloadClient
     /// Fills the lists from what is there; run once when the window opens.
     void FillLists();
 
+    /**
+        What there is to tell to the program that started this one. Fetches the lists when that is
+        needed, without filling any list from them; whatever the server does, it is done after 45
+        seconds, and a failure means that there is nothing to tell.
+     */
+    [[nodiscard]] StartupFindings CheckForCaller(const StartupRequest& request);
+
+    /// What the timer does once after the window opened: connects when that is automatic, tells the
+    /// status of the program that the command line named, and offers an update of the update manager
+    /// itself. Not while a fetch runs.
+    void RunAfterOpening(const StartupRequest& request, UpdatePrompts& prompts);
+
+    /// The reminder, then the setup of the program of that display name in the browser.
+    void Download(std::string_view program);
+
     /// "AutoConnect": fetch when the window opens.
     [[nodiscard]] bool AutoConnect() const;
     void SetAutoConnect(bool automatically);
@@ -81,6 +106,13 @@ class UpdateManager final : private ListsDownloadClient
     [[nodiscard]] StatusBoxModel& StatusBox() { return m_statusBox; }
     [[nodiscard]] ProgramStatusList& Programs() { return m_programs; }
     [[nodiscard]] ListsDownload& Lists() { return m_lists; }
+    [[nodiscard]] StartupCheck& Startup() { return m_startup; }
+    [[nodiscard]] ProgramActions& Actions() { return m_actions; }
+    [[nodiscard]] AddressOpener& Addresses() { return m_addresses; }
+    [[nodiscard]] const std::vector<Headline>& Headlines() const { return m_headlines; }
+
+    /// The text that support asks for first. @a programVersion is this program's own.
+    [[nodiscard]] std::string Details(std::string_view programVersion) const;
     [[nodiscard]] EquipmentList& Equipment() { return m_equipment; }
 
     /// Shows in the equipment grid what is installed by now, and removes the downloaded setups that
@@ -98,6 +130,9 @@ class UpdateManager final : private ListsDownloadClient
     void RedrawProgramList() override;
     void OnBusyChanged(bool busy) override;
 
+    [[nodiscard]] EquipmentCounts CountEquipment();
+    void OfferOwnUpdate(UpdatePrompts& prompts);
+
     DiagnosticLog m_log;
     CINIFileHandler m_settings;
     StatusBoxModel m_statusBox;
@@ -107,6 +142,10 @@ class UpdateManager final : private ListsDownloadClient
     VersionList m_versionList;
     ProgramStatusList m_programs;
     EquipmentList m_equipment;
+    StartupCheck m_startup;
+    AddressOpener m_addresses;
+    ProgramActions m_actions;
+    std::vector<Headline> m_headlines;
     UpdateManagerView* m_view = nullptr;
 };
 

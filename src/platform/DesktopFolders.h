@@ -19,4 +19,7 @@ namespace velmo::platform
 /// desktop counts as installed in "C:\Program Files\Velmo Software\Update Manager\".
 [[nodiscard]] std::string ProgramFolder();
 
+/// Path of the running executable; in the native build a path of the system's own, which MFile takes.
+[[nodiscard]] std::string ProgramPath();
+
 } // namespace velmo::platform

@@ -3,6 +3,7 @@
 #include "platform/Result.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -27,6 +28,9 @@ class StartedProgram
     /// Whether it still runs. Programs that it started in turn don't count.
     [[nodiscard]] bool IsRunning() const;
 
+    /// What it ended with; nothing while it runs. A program that was killed natively gives -1.
+    [[nodiscard]] std::optional<int> ExitCode() const;
+
   private:
     std::shared_ptr<const State> m_state;
 };
@@ -36,6 +40,14 @@ class StartedProgram
 /// a file that may not be executed becomes one that may, since Windows knows no such permission.
 Result<StartedProgram> StartProgram(std::string_view path, std::string_view arguments,
                                     WindowState state);
+
+/// Hands a web address to the desktop, which opens it in the user's browser, without waiting for it.
+/// Never tried as a command line, whatever it is; which addresses may be opened is the caller's to
+/// decide (WebAddress.h). Natively the program "xdg-open", looked up on the PATH.
+Result<Done> OpenThroughShell(const std::string& address);
+
+/// Opens a file of the desktop (Windows path) with the program that the user has for it.
+Result<Done> OpenDocument(std::string_view path);
 
 /// Brings the top-level window of that exact title to the front. False when there is none, and always
 /// in the native build, where windows of other programs are not the desktop's.

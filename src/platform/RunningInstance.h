@@ -16,7 +16,7 @@ namespace velmo::platform
 
     On Windows a named mutex, and the first instance's window is found and brought forward from
     outside; in the native build a lock file in the desktop root, and a local socket through which the
-    first instance is asked to come forward.
+    first instance is asked to come forward (InstanceListener).
  */
 class RunningInstance
 {
@@ -34,10 +34,24 @@ class RunningInstance
     /// when it is minimised. False when there is no such window.
     bool BringPreviousForward(std::string_view caption, std::string_view className) const;
 
-    /// In the first instance: what to do when another instance asks it to come forward. Called on the
-    /// loop; never on Windows, where the system does it. @a comeForward answers whether there is a
-    /// window to bring forward. Both must outlive this object.
-    void Listen(MessageLoop& loop, std::function<bool()> comeForward);
+  private:
+    struct State;
+    std::unique_ptr<State> m_state;
+};
+
+/**
+    What the first instance does when another one asks it to come forward. Does nothing on Windows,
+    where the system brings its window forward. User-interface thread.
+ */
+class InstanceListener
+{
+  public:
+    /// @a comeForward is called on the loop and answers whether there was a window to bring forward.
+    /// The loop must outlive the listener.
+    InstanceListener(std::string_view name, MessageLoop& loop, std::function<bool()> comeForward);
+    ~InstanceListener();
+    InstanceListener(const InstanceListener&) = delete;
+    InstanceListener& operator=(const InstanceListener&) = delete;
 
   private:
     struct State;

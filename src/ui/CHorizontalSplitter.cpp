@@ -11,6 +11,9 @@ namespace
 
 constexpr double kFallbackBarTop = 600;
 
+/// The bar's design position: this part of the container is above it.
+constexpr double kDesignPart = 0.62;
+
 /// Sizes below this are the toolkit's first guesses, before the window is laid out.
 constexpr int kLeastRealHeight = 120;
 
@@ -38,7 +41,7 @@ CHorizontalSplitter::CHorizontalSplitter(wxWindow* parent)
     });
 }
 
-void CHorizontalSplitter::Init(wxWindow* above, wxWindow* below, double barTop)
+void CHorizontalSplitter::Init(wxWindow* above, wxWindow* below, std::optional<double> barTop)
 {
     m_wanted = barTop;
     SplitHorizontally(above, below);
@@ -53,10 +56,12 @@ void CHorizontalSplitter::RefreshBar()
         return;
     }
     int position = GetSashPosition();
-    if (m_wanted != 0)
+    if (!m_placed)
     {
-        position = PixelsOfTwips(*this, UsableBarTop(m_wanted, TwipsOfPixels(*this, height)));
-        m_wanted = 0;
+        const double design = TwipsOfPixels(*this, height) * kDesignPart;
+        position = PixelsOfTwips(
+            *this, UsableBarTop(m_wanted.value_or(design), TwipsOfPixels(*this, height)));
+        m_placed = true;
     }
     position = WithinMargins(position);
     if (position != GetSashPosition())
@@ -65,9 +70,9 @@ void CHorizontalSplitter::RefreshBar()
     }
 }
 
-double CHorizontalSplitter::BarTop() const
+std::optional<double> CHorizontalSplitter::BarTop() const
 {
-    return m_wanted != 0 ? m_wanted : TwipsOfPixels(*this, GetSashPosition());
+    return m_placed ? TwipsOfPixels(*this, GetSashPosition()) : m_wanted;
 }
 
 int CHorizontalSplitter::WithinMargins(int position) const

@@ -2,6 +2,8 @@
 
 #include <wx/splitter.h>
 
+#include <optional>
+
 namespace velmo
 {
 
@@ -16,14 +18,15 @@ class CHorizontalSplitter final : public wxSplitterWindow
     /// The container; its children are the two controls.
     explicit CHorizontalSplitter(wxWindow* parent);
 
-    /// Puts the two controls in place, with the bar at @a barTop. A position that is negative or not
-    /// above the container's bottom becomes 600.
-    void Init(wxWindow* above, wxWindow* below, double barTop);
+    /// Puts the two controls in place, with the bar at @a barTop, or at its design position for none.
+    /// A position that is negative or not above the container's bottom becomes 600.
+    void Init(wxWindow* above, wxWindow* below, std::optional<double> barTop);
 
     /// Moves the bar back within its margins.
     void RefreshBar();
 
-    [[nodiscard]] double BarTop() const;
+    /// Nothing before the bar has its place.
+    [[nodiscard]] std::optional<double> BarTop() const;
 
     /// Height of the bar in pixels.
     [[nodiscard]] int BarHeight() const { return GetSashSize(); }
@@ -35,7 +38,8 @@ class CHorizontalSplitter final : public wxSplitterWindow
   private:
     [[nodiscard]] int WithinMargins(int position) const;
 
-    double m_wanted = 0; ///< Until the container has its first real size.
+    bool m_placed = false;          ///< Not before the container has its first real size.
+    std::optional<double> m_wanted; ///< Where the bar shall be then.
 };
 
 /// What becomes of a stored position in a container of @a innerHeight (both in twips).

@@ -14,6 +14,7 @@ namespace
 
 constexpr std::string_view kSortOrder = "SortOrder";
 constexpr std::string_view kSortedColumn = "SortedColumn";
+constexpr float kWidest = 150'000; ///< Twips: some 10,000 pixels.
 
 std::string WidthKey(std::size_t column)
 {
@@ -57,7 +58,7 @@ void CListViewHandler::LoadSort(ListViewModel& listView, std::string_view sectio
             section, kSortedColumn, static_cast<std::int32_t>(listView.SortedColumn()));
         const bool known =
             column >= 0 && static_cast<std::size_t>(column) <= listView.Columns().size();
-        listView.Sort(known ? static_cast<std::size_t>(column) : 0,
+        listView.Sort(known ? static_cast<std::size_t>(column) : listView.SortedColumn(),
                       order == 1 ? SortOrder::Descending : SortOrder::Ascending);
         MarkSortedColumn(listView, listView.SortedColumn());
     }
@@ -74,7 +75,8 @@ void CListViewHandler::LoadWidths(ListViewModel& listView, std::string_view sect
     {
         const float current = listView.Columns()[column - 1].width;
         const float width = m_settings.MyGetAppProfileSingle(section, WidthKey(column), current);
-        if (std::isfinite(width) && width > 0)
+        // No other width is one that a person can have chosen.
+        if (width > 0 && width <= kWidest)
         {
             listView.SetColumnWidth(column, width);
         }

@@ -31,12 +31,13 @@ class TickRenderer final : public wxGridCellRenderer
   public:
     explicit TickRenderer(bool ticked) : m_ticked(ticked) {}
 
-    void Draw(wxGrid& grid, wxGridCellAttr& attr, wxDC& dc, const wxRect& rect, int row,
-              int column, bool isSelected) override
+    void Draw(wxGrid& grid, wxGridCellAttr& attr, wxDC& dc, const wxRect& rect, int row, int column,
+              bool isSelected) override
     {
         wxGridCellRenderer::Draw(grid, attr, dc, rect, row, column, isSelected);
         const wxRect box = wxRect(wxRendererNative::Get().GetCheckBoxSize(&grid)).CentreIn(rect);
-        wxRendererNative::Get().DrawCheckBox(&grid, dc, box, m_ticked ? wxCONTROL_CHECKED : 0);
+        wxRendererNative::Get().DrawCheckBox(&grid, dc, box,
+                                             m_ticked ? static_cast<int>(wxCONTROL_CHECKED) : 0);
     }
 
     wxSize GetBestSize(wxGrid& grid, wxGridCellAttr& /*attr*/, wxDC& /*dc*/, int /*row*/,
@@ -56,8 +57,7 @@ class TickRenderer final : public wxGridCellRenderer
 GridTable::GridTable(const GridModel& model, const wxFont& font)
     : m_model(model), m_font(font), m_bold(font.Bold()),
       m_toldRows(static_cast<int>(model.Rows().size()))
-{
-}
+{}
 
 GridTable::~GridTable()
 {

@@ -3,6 +3,8 @@
 #include "ui/Twips.h"
 #include "ui/WxText.h"
 
+#include <wx/dcclient.h>
+
 #ifdef __WXMSW__
 #include <wx/msw/wrapcctl.h>
 #endif
@@ -14,6 +16,10 @@ namespace velmo
 {
 namespace
 {
+
+/// Room beside a cell's text, in device-independent pixels; a header has its arrow too.
+constexpr int kCellMargin = 24;
+constexpr int kHeaderMargin = 40;
 
 /// True while it lives.
 class Flag
@@ -85,6 +91,7 @@ void ListView::TakeSelection(long item)
 void ListView::OnRowsChanged()
 {
     SetItemCount(static_cast<long>(m_model.Rows().size()));
+    SizeNewColumns();
     ShowSelection();
     Refresh();
 }
@@ -96,6 +103,31 @@ void ListView::OnColumnsChanged()
         ShowWidths();
     }
     ShowMarks();
+}
+
+void ListView::SizeNewColumns()
+{
+    if (m_model.Rows().empty())
+    {
+        return;
+    }
+    wxClientDC dc(this);
+    dc.SetFont(m_boldRow.GetFont());
+    for (std::size_t column = 1; column <= m_model.Columns().size(); ++column)
+    {
+        const ListColumn& shown = m_model.Columns()[column - 1];
+        if (shown.width > 0)
+        {
+            continue;
+        }
+        int width = dc.GetTextExtent(ToWx(shown.title)).x + FromDIP(kHeaderMargin);
+        for (const ListRow& row : m_model.Rows())
+        {
+            const int text = dc.GetTextExtent(ToWx(row.cells[column - 1])).x;
+            width = std::max(width, text + FromDIP(kCellMargin));
+        }
+        m_model.SetColumnWidth(column, static_cast<float>(TwipsOfPixels(*this, width)));
+    }
 }
 
 void ListView::ShowWidths()

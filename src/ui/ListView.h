@@ -36,6 +36,7 @@ class ListView final : public wxListCtrl, private ListViewModel::Observer
     void ShowSelection();
     void ShowMarks();
     void ShowWidths();
+    void SizeNewColumns();
     void TakeSelection(long item);
 
     ListViewModel& m_model;

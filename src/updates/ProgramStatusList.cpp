@@ -23,14 +23,15 @@ constexpr std::string_view kUnknownTryDemo = "? (Try Demo)";
 constexpr std::string_view kNotInstalled = "Not Installed";
 constexpr std::string_view kNotIntegrated = "-";
 
-/// Columns and their first widths in twips.
 std::vector<ListColumn> Columns()
 {
-    return {
-        {"Program", 3000, {}},           {"Check for Update on Startup", 3300, {}},
-        {"Installed Version", 2100, {}}, {"Latest Version", 2100, {}},
-        {"Need to Update", 2100, {}},
-    };
+    std::vector<ListColumn> columns;
+    for (const char* title : {"Program", "Check for Update on Startup", "Installed Version",
+                              "Latest Version", "Need to Update"})
+    {
+        columns.push_back({title, 0, {}});
+    }
+    return columns;
 }
 
 std::string InstalledText(const ProgramVersion& installed, bool canBeLocated)

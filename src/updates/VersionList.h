@@ -8,6 +8,7 @@
 namespace velmo
 {
 
+class CINIFileHandler;
 class DiagnosticLog;
 
 /// What the version list says of one program.
@@ -28,6 +29,9 @@ class VersionList
     [[nodiscard]] ListedProgram Read(std::string_view displayName) const;
 
   private:
+    [[nodiscard]] std::int32_t ReadNumber(const CINIFileHandler& list, std::string_view displayName,
+                                          std::string_view key) const;
+
     std::string m_path;
     DiagnosticLog& m_log;
 };

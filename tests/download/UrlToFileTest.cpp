@@ -77,5 +77,18 @@ TEST_F(UrlToFileTest, TheLoopLivesWhileTheCallWaits)
     EXPECT_EQ(m_desktop.Read("version.ini"), "abc");
 }
 
+TEST_F(UrlToFileTest, WhenTheTimeIsOverADownloadIsGivenUpAndNoneIsStarted)
+{
+    m_server.Play("/silent", {FaultServer::Hold()});
+    m_server.Serve("/list", "new");
+    m_download.EndBy(std::chrono::steady_clock::now() + std::chrono::milliseconds(200));
+    EXPECT_FALSE(m_download.Download(m_server.Url("/silent"), m_path));
+    EXPECT_EQ(m_download.LastError().code, 12002);
+    EXPECT_FALSE(m_download.Download(m_server.Url("/list"), m_path));
+    EXPECT_EQ(m_download.LastError().code, 12002);
+    EXPECT_EQ(m_server.CountOf("/list"), 0);
+    EXPECT_FALSE(MFile::FileExists(m_path));
+}
+
 } // namespace
 } // namespace velmo

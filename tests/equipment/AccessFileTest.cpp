@@ -140,7 +140,7 @@ TEST(AccessFileTest, EveryFieldOfTheSoundFilesReadsAsListed)
         ASSERT_TRUE(field) << field.Failure().description;
         EXPECT_EQ(StateText(field.Value().state), expected.state);
         EXPECT_EQ(Shortened(field.Value().text, expected.value), expected.value);
-        EXPECT_LE(opened.PagesRead(), 16U);
+        EXPECT_LE(opened.BlocksRead(), 16U);
     }
 }
 

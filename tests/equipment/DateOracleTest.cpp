@@ -35,8 +35,8 @@ std::vector<std::string> Joined(const std::vector<Pieces>& lists)
 /**
     Texts of every accepted form and many close to one. Left out is where Wine's parser is known to
     differ from Windows' or to make no sense: number, month's name, number where both numbers may be
-    days (Wine takes the first for the year), numbers over 65,535, doubled marks, ":" or "." beside a
-    month's name, and a single "a" or "p".
+    days (Wine takes the first for the year), numbers over 65,535, doubled marks, ":" or "." beside
+    a month's name, and a single "a" or "p".
  */
 std::vector<std::vector<Pieces>> Forms()
 {

@@ -17,7 +17,8 @@ TEST(TwoProcessTest, ASecondStartBringsTheMinimisedFirstBack)
     CCheckOtherInstance instances;
     ASSERT_FALSE(instances.OtherInstanceRuns(kMainWindowCaption, kMainWindowClass));
     WindowUnderTest test;
-    instances.Listen(test.loop, [&] { return test.window->ComeForward(); });
+    const platform::InstanceListener listener(kInstanceName, test.loop,
+                                              [&] { return test.window->ComeForward(); });
     test.window->Open("");
     test.window->Iconize();
     test.WaitFor("the window to be minimised", [&] { return test.window->IsIconized(); });

@@ -13,4 +13,9 @@ std::string CommandLineText(int argc, char** argv)
     return text;
 }
 
+std::vector<std::string> Arguments(int argc, char** argv)
+{
+    return {argv + 1, argv + argc};
+}
+
 } // namespace velmo::platform

@@ -56,4 +56,10 @@ std::string ProgramFolder()
     return kInstalledFolder;
 }
 
+std::string ProgramPath()
+{
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error).string();
+}
+
 } // namespace velmo::platform

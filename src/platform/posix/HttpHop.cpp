@@ -4,10 +4,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <memory>
 #include <string_view>
-#include <type_traits>
 
 namespace velmo::platform
 {

@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <sstream>
@@ -24,17 +25,24 @@ namespace velmo::platform
 struct StartedProgram::State
 {
     std::atomic<bool> running{true};
+    int exitCode = -1; ///< Valid once it runs no more.
 };
 
 namespace
 {
+
+constexpr std::int32_t kInvalidParameter = 87;
 
 /// Started programs are nobody's children to wait for, but a process that ended wants to be collected.
 std::shared_ptr<StartedProgram::State> CollectWhenEnded(pid_t process)
 {
     auto state = std::make_shared<StartedProgram::State>();
     std::thread([process, state] {
-        waitpid(process, nullptr, 0);
+        int status = 0;
+        if (waitpid(process, &status, 0) == process && WIFEXITED(status))
+        {
+            state->exitCode = WEXITSTATUS(status);
+        }
         state->running = false;
     }).detach();
     return state;
@@ -55,6 +63,11 @@ void AllowExecution(const std::filesystem::path& file)
 bool StartedProgram::IsRunning() const
 {
     return m_state->running;
+}
+
+std::optional<int> StartedProgram::ExitCode() const
+{
+    return IsRunning() ? std::nullopt : std::optional(m_state->exitCode);
 }
 
 Result<StartedProgram> StartProgram(std::string_view path, std::string_view arguments,
@@ -85,9 +98,34 @@ Result<StartedProgram> StartProgram(std::string_view path, std::string_view argu
     return StartedProgram(CollectWhenEnded(process));
 }
 
+Result<Done> OpenThroughShell(const std::string& address)
+{
+    std::string program = "xdg-open";
+    if (address.empty() || address.starts_with('-'))
+    {
+        return Error{kInvalidParameter, "This would be an option of " + program + ": " + address};
+    }
+    std::string argument = address;
+    const std::array<char*, 3> argv{program.data(), argument.data(), nullptr};
+    pid_t process = 0;
+    const int failure =
+        posix_spawnp(&process, program.c_str(), nullptr, nullptr, argv.data(), environ);
+    if (failure != 0)
+    {
+        return SystemError(failure, program);
+    }
+    CollectWhenEnded(process);
+    return Done{};
+}
+
 bool ActivateWindow(std::string_view /*title*/)
 {
     return false;
+}
+
+Result<Done> OpenDocument(std::string_view path)
+{
+    return OpenThroughShell(NativePath(path).string());
 }
 
 } // namespace velmo::platform

@@ -85,6 +85,10 @@ struct RunningInstance::State
     std::string name;
     Descriptor lock;
     bool hasPrevious = false;
+};
+
+struct InstanceListener::State
+{
     Descriptor listener;
     std::array<Descriptor, 2> wakeUp; ///< A byte, or the end, ends the listening thread.
     std::jthread thread;
@@ -127,10 +131,12 @@ bool RunningInstance::BringPreviousForward(std::string_view /*caption*/,
            answer == kYes;
 }
 
-void RunningInstance::Listen(MessageLoop& loop, std::function<bool()> comeForward)
+InstanceListener::InstanceListener(std::string_view name, MessageLoop& loop,
+                                   std::function<bool()> comeForward)
+    : m_state(std::make_unique<State>())
 {
     std::array<int, 2> ends{};
-    const Address address = AddressOf(m_state->name);
+    const Address address = AddressOf(name);
     m_state->listener = Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (m_state->listener.Get() < 0 ||
         bind(m_state->listener.Get(), reinterpret_cast<const sockaddr*>(&address.name),
@@ -146,8 +152,10 @@ void RunningInstance::Listen(MessageLoop& loop, std::function<bool()> comeForwar
         });
 }
 
-void RunningInstance::State::Serve(MessageLoop& loop,
-                                   const std::function<bool()>& comeForward) const
+InstanceListener::~InstanceListener() = default;
+
+void InstanceListener::State::Serve(MessageLoop& loop,
+                                    const std::function<bool()>& comeForward) const
 {
     while (true)
     {
@@ -165,8 +173,8 @@ void RunningInstance::State::Serve(MessageLoop& loop,
     }
 }
 
-void RunningInstance::State::Answer(int client, MessageLoop& loop,
-                                    const std::function<bool()>& comeForward) const
+void InstanceListener::State::Answer(int client, MessageLoop& loop,
+                                     const std::function<bool()>& comeForward) const
 {
     // Shared with the loop, which may get to it only after this thread gave up waiting.
     const auto answer = std::make_shared<std::promise<bool>>();

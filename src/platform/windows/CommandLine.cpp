@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 namespace velmo::platform
 {
 
@@ -16,6 +18,19 @@ std::string CommandLineText(int /*argc*/, char** /*argv*/)
     line.remove_prefix(end == std::wstring_view::npos ? line.size() : end + (quoted ? 1 : 0));
     const std::size_t first = line.find_first_not_of(L" \t");
     return first == std::wstring_view::npos ? std::string() : Narrow(line.substr(first));
+}
+
+std::vector<std::string> Arguments(int /*argc*/, char** /*argv*/)
+{
+    int count = 0;
+    wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i)
+    {
+        arguments.push_back(Narrow(words[i]));
+    }
+    LocalFree(words);
+    return arguments;
 }
 
 } // namespace velmo::platform

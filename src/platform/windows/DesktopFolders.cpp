@@ -23,9 +23,15 @@ std::string WindowsDirectory()
 
 std::string ProgramFolder()
 {
+    const std::string path = ProgramPath();
+    return path.substr(0, path.find_last_of('\\') + 1);
+}
+
+std::string ProgramPath()
+{
     std::wstring path(kLongestPath, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return Narrow(path.substr(0, path.find_last_of(L'\\') + 1));
+    return Narrow(path);
 }
 
 } // namespace velmo::platform

@@ -31,8 +31,9 @@ constexpr std::int32_t kCannotConnect = 12029;
 constexpr std::int32_t kEndedTooEarly = 12030;
 constexpr std::int32_t kReset = 12031;
 constexpr std::int32_t kNoHttp = 12152;
-constexpr std::size_t kReadSize = 256 * 1024;
-constexpr std::size_t kMostWaiting = 8; ///< Buffers read ahead of the sink.
+/// Small enough for the slowest line to fill it within the usual stall time-out.
+constexpr std::size_t kReadSize = 64 * 1024;
+constexpr std::size_t kMostWaiting = 32; ///< Buffers read ahead of the sink.
 
 struct Pair
 {
@@ -201,37 +202,52 @@ class Exchange
         }
     }
 
+    /// Where a request goes, as the calls want it.
+    struct Target
+    {
+        std::string host;
+        std::string path; ///< With the query.
+        INTERNET_PORT port = 0;
+        DWORD flags = 0;
+    };
+
+    [[nodiscard]] std::optional<Target> Crack() const
+    {
+        // Lengths without buffers ask for places within the address.
+        URL_COMPONENTSA parts{};
+        parts.dwStructSize = sizeof parts;
+        parts.dwHostNameLength = 1;
+        parts.dwUrlPathLength = 1;
+        parts.dwExtraInfoLength = 1;
+        if (!InternetCrackUrlA(m_url.c_str(), 0, 0, &parts))
+        {
+            return std::nullopt;
+        }
+        return Target{{parts.lpszHostName, parts.dwHostNameLength},
+                      std::string(parts.lpszUrlPath, parts.dwUrlPathLength)
+                          .append(parts.lpszExtraInfo, parts.dwExtraInfoLength),
+                      parts.nPort,
+                      parts.nScheme == INTERNET_SCHEME_HTTPS ? INTERNET_FLAG_SECURE : 0UL};
+    }
+
     /// Sends the request and reads the response. Returns 0 at the response's end.
     std::int32_t Request()
     {
-        std::array<char, 260> host{};
-        std::string path(m_url.size() + 1, '\0');
-        std::string extra(m_url.size() + 1, '\0');
-        URL_COMPONENTSA parts{};
-        parts.dwStructSize = sizeof parts;
-        parts.lpszHostName = host.data();
-        parts.dwHostNameLength = static_cast<DWORD>(host.size());
-        parts.lpszUrlPath = path.data();
-        parts.dwUrlPathLength = static_cast<DWORD>(path.size());
-        parts.lpszExtraInfo = extra.data();
-        parts.dwExtraInfoLength = static_cast<DWORD>(extra.size());
-        if (!InternetCrackUrlA(m_url.c_str(), 0, 0, &parts))
+        const std::optional<Target> target = Crack();
+        if (!target)
         {
             return kInvalidUrl;
         }
-        const std::string target = std::string(path.c_str()) + extra.c_str();
-
         const Handle session(InternetOpenA("Velmo Software Update Manager",
                                            INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
-        const Handle connection(InternetConnectA(session.get(), host.data(), parts.nPort, nullptr,
-                                                 nullptr, INTERNET_SERVICE_HTTP, 0, 0));
+        const Handle connection(InternetConnectA(session.get(), target->host.c_str(), target->port,
+                                                 nullptr, nullptr, INTERNET_SERVICE_HTTP, 0, 0));
         constexpr DWORD kFlags = INTERNET_FLAG_RELOAD | INTERNET_FLAG_PRAGMA_NOCACHE |
                                  INTERNET_FLAG_NO_CACHE_WRITE | INTERNET_FLAG_NO_UI |
                                  INTERNET_FLAG_NO_AUTO_REDIRECT | INTERNET_FLAG_NO_COOKIES;
-        const DWORD secure = parts.nScheme == INTERNET_SCHEME_HTTPS ? INTERNET_FLAG_SECURE : 0;
         InternetSetStatusCallbackA(connection.get(), &OnStatus);
-        const Handle request(HttpOpenRequestA(connection.get(), "GET", target.c_str(), nullptr,
-                                              nullptr, nullptr, kFlags | secure,
+        const Handle request(HttpOpenRequestA(connection.get(), "GET", target->path.c_str(),
+                                              nullptr, nullptr, nullptr, kFlags | target->flags,
                                               reinterpret_cast<DWORD_PTR>(this)));
         if (!request)
         {
@@ -293,22 +309,33 @@ class Exchange
         return raw.find(':') != std::string::npos;
     }
 
+    /// A read waits until its buffer is full. So at first, and after a slow read, only what is there
+    /// is asked for; as long as that comes at once, each read asks for twice as much as the last.
     std::int32_t ReadBody(HINTERNET request)
     {
+        constexpr std::chrono::milliseconds kAtOnce{10};
+        std::size_t size = 0;
         for (;;)
         {
-            DWORD available = 0;
-            if (!InternetQueryDataAvailable(request, &available, 0, 0))
+            if (size == 0)
             {
-                return InternetCode(GetLastError());
+                DWORD available = 0;
+                if (!InternetQueryDataAvailable(request, &available, 0, 0))
+                {
+                    return InternetCode(GetLastError());
+                }
+                size = std::clamp<std::size_t>(available, 1, kReadSize);
             }
             Bytes bytes = Spare();
-            bytes.resize(std::clamp<std::size_t>(available, 1, kReadSize));
+            bytes.resize(size);
             DWORD count = 0;
-            if (!InternetReadFile(request, bytes.data(), static_cast<DWORD>(bytes.size()), &count))
+            const Clock::time_point start = Clock::now();
+            if (!InternetReadFile(request, bytes.data(), static_cast<DWORD>(size), &count))
             {
                 return InternetCode(GetLastError());
             }
+            const bool atOnce = count == size && Clock::now() - start < kAtOnce;
+            size = atOnce ? std::min(2 * size, kReadSize) : 0;
             bytes.resize(count);
             if (count == 0 || !HandOver(std::move(bytes)))
             {

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 namespace velmo::platform
 {
 
@@ -20,6 +22,16 @@ struct StartedProgram::State
 bool StartedProgram::IsRunning() const
 {
     return WaitForSingleObject(m_state->process, 0) == WAIT_TIMEOUT;
+}
+
+std::optional<int> StartedProgram::ExitCode() const
+{
+    DWORD code = 0;
+    if (IsRunning() || !GetExitCodeProcess(m_state->process, &code))
+    {
+        return std::nullopt;
+    }
+    return static_cast<int>(code);
 }
 
 Result<StartedProgram> StartProgram(std::string_view path, std::string_view arguments,
@@ -45,6 +57,22 @@ Result<StartedProgram> StartProgram(std::string_view path, std::string_view argu
     return StartedProgram(std::make_shared<const StartedProgram::State>(process.hProcess));
 }
 
+Result<Done> OpenThroughShell(const std::string& address)
+{
+    const std::wstring file = Wide(address);
+    SHELLEXECUTEINFOW open{};
+    open.cbSize = sizeof open;
+    open.fMask = SEE_MASK_NOASYNC | SEE_MASK_FLAG_NO_UI;
+    open.lpVerb = L"open";
+    open.lpFile = file.c_str();
+    open.nShow = SW_SHOWNORMAL;
+    if (!ShellExecuteExW(&open))
+    {
+        return LastSystemError();
+    }
+    return Done{};
+}
+
 bool ActivateWindow(std::string_view title)
 {
     HWND window = FindWindowW(nullptr, Wide(title).c_str());
@@ -56,7 +84,14 @@ bool ActivateWindow(std::string_view title)
     {
         ShowWindow(window, SW_RESTORE);
     }
-    return SetForegroundWindow(window) != FALSE;
+    // The system may refuse the focus and blink the window's button instead: the program runs.
+    SetForegroundWindow(window);
+    return true;
+}
+
+Result<Done> OpenDocument(std::string_view path)
+{
+    return OpenThroughShell(std::string(path));
 }
 
 } // namespace velmo::platform

@@ -89,6 +89,13 @@ bool RunningInstance::BringPreviousForward(std::string_view caption,
     return true;
 }
 
-void RunningInstance::Listen(MessageLoop& /*loop*/, std::function<bool()> /*comeForward*/) {}
+struct InstanceListener::State
+{};
+
+InstanceListener::InstanceListener(std::string_view /*name*/, MessageLoop& /*loop*/,
+                                   std::function<bool()> /*comeForward*/)
+{}
+
+InstanceListener::~InstanceListener() = default;
 
 } // namespace velmo::platform

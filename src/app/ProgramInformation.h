@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace velmo
+{
+
+/// What the program says of itself.
+struct ProgramInformation
+{
+    std::string title;
+    std::string version; ///< As it was written: "1.04.0012".
+    std::string description;
+    std::string copyright;
+};
+
+/// From the running executable's version resource; from the build's own texts where it has none, as
+/// in the native build.
+[[nodiscard]] ProgramInformation OwnInformation();
+
+/// "Version 1.04.12" of "1.04.0012": the minor number with at least two digits, the revision without
+/// padding. A missing or unreadable number counts as 0.
+[[nodiscard]] std::string VersionLabel(std::string_view version);
+
+} // namespace velmo

@@ -1,0 +1,154 @@
+#include "app/BuildInformation.h"
+#include "app/CCheckOtherInstance.h"
+#include "app/UiRequest.h"
+#include "app/UpdateWindows.h"
+#include "app/frmMain.h"
+#include "controls/MousePointer.h"
+#include "ui/WxMessageLoop.h"
+#include "ui/WxMousePointer.h"
+#include "ui/WxPrompts.h"
+#include "ui/WxText.h"
+
+#include "VelmoUpdUi_export.h"
+
+#include <wx/app.h>
+
+#ifdef __WXMSW__
+#include <wx/msw/private.h>
+#endif
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace velmo
+{
+namespace
+{
+
+StartupFindings FindingsOf(const UiRequest& request)
+{
+    return {request.programNeedsUpdate != 0,
+            request.installedVersion,
+            request.latestVersion,
+            {request.databases, request.pictures}};
+}
+
+/// Lives while the toolkit does; builds the program in its order and hands the parts over.
+class Application final : public wxApp
+{
+  public:
+    explicit Application(const UiRequest& request)
+        : m_request(request), m_startup(request.commandLine)
+    {}
+
+    bool OnInit() override
+    {
+        SetAppDisplayName(ToWx(kMainWindowCaption));
+        m_loop = std::make_unique<WxMessageLoop>();
+        m_manager = std::make_unique<UpdateManager>(*m_loop, m_prompts, m_pointer);
+        m_windows = std::make_unique<UpdateWindows>(*m_manager, m_prompts, m_pointer);
+        m_manager->Startup().MarkCaller(m_startup);
+        return true;
+    }
+
+    int OnRun() override
+    {
+        if (m_request.subject == UiSubject::MainWindow)
+        {
+            LoadMainWindow()->Open(m_request.commandLine);
+            return wxApp::OnRun();
+        }
+        const StartupFindings findings = FindingsOf(m_request);
+        if (!WantsToSeeUpdates(findings))
+        {
+            m_manager->DeleteLists();
+            return 0;
+        }
+        LoadMainWindow()->OpenOnUpdates(!findings.programNeedsUpdate);
+        return wxApp::OnRun();
+    }
+
+    /// The command line is searched, not parsed: the toolkit must not look for options in it.
+    void OnInitCmdLine(wxCmdLineParser& /*parser*/) override {}
+    bool OnCmdLineParsed(wxCmdLineParser& /*parser*/) override { return true; }
+
+    int OnExit() override
+    {
+        m_listener.reset();
+        m_windows.reset();
+        m_manager.reset();
+        m_loop.reset();
+        return wxApp::OnExit();
+    }
+
+  private:
+    frmMain* LoadMainWindow()
+    {
+        const CHourGlass busy(m_pointer);
+        auto* window = new frmMain(*m_manager, *m_windows, *m_loop);
+        SetTopWindow(window);
+        m_listener.emplace(kInstanceName, *m_loop, [window] { return window->ComeForward(); });
+        return window;
+    }
+
+    /// Asks or tells what the findings lead to, and does what the person answers but for showing the
+    /// main window.
+    bool WantsToSeeUpdates(const StartupFindings& findings)
+    {
+        if (findings.Outcome() == StartupOutcome::Question)
+        {
+            ShowStatusLines();
+            const std::string question = StartupQuestion(findings, m_startup.caller);
+            return m_windows->AskToViewUpdates(m_startup, question) == QuestionAnswer::Yes;
+        }
+        const UpdateNotice notice{m_startup.callerIndex, m_startup.caller,
+                                  findings.installedVersion, findings.latestVersion};
+        if (m_windows->ShowUpdateDialog(notice) == DialogAnswer::Download)
+        {
+            m_manager->Download(notice.program);
+        }
+        return false;
+    }
+
+    /// What the silent fetch wrote, for the main window's status box.
+    void ShowStatusLines()
+    {
+        std::string_view lines(m_request.statusLines);
+        if (lines.ends_with("\r\n"))
+        {
+            lines.remove_suffix(2);
+        }
+        m_manager->StatusBox().AddLine(lines);
+    }
+
+    const UiRequest& m_request;
+    StartupRequest m_startup;
+    WxMousePointer m_pointer;
+    WxPrompts m_prompts;
+    std::unique_ptr<WxMessageLoop> m_loop;
+    std::unique_ptr<UpdateManager> m_manager;
+    std::unique_ptr<UpdateWindows> m_windows;
+    std::optional<platform::InstanceListener> m_listener;
+};
+
+} // namespace
+} // namespace velmo
+
+extern "C" VELMOUPDUI_EXPORT int VelmoShowUi(const velmo::UiRequest* request)
+{
+    if (std::string_view(request->build) != velmo::build::kVersion)
+    {
+        return velmo::kOtherBuild;
+    }
+#ifdef __WXMSW__
+    // The toolkit's resources are the library's, not the program's.
+    wxSetInstance(static_cast<HINSTANCE>(request->module));
+#endif
+    // The toolkit gets the program's name only: the rest of the command line is not for it.
+    std::string name = "VelmoUpd";
+    int argc = 1;
+    char* argv[] = {name.data(), nullptr};
+    wxApp::SetInstance(new velmo::Application(*request));
+    return wxEntry(argc, argv);
+}

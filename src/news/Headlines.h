@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmo
+{
+
+class DiagnosticLog;
+
+struct Headline
+{
+    std::string text;
+    std::string link; ///< An http or https address; empty: the headline cannot be clicked.
+};
+
+/// Lines of the list that are looked at.
+inline constexpr std::size_t kMostHeadlines = 20;
+
+/// Caption of the headline column.
+inline constexpr std::string_view kHeadlinesTitle = "Latest Velmo Software News Headlines";
+
+/// The headlines of a version list, from its section "News Headlines": lines of the form
+/// "headline|link". A missing file or section has none. A line without "|" is shown but cannot be
+/// clicked, nor can one whose link is no http or https address; the latter leaves a line in @a log.
+[[nodiscard]] std::vector<Headline> ReadHeadlines(const std::string& versionListPath,
+                                                  DiagnosticLog& log);
+
+} // namespace velmo

@@ -1,0 +1,42 @@
+#include "platform/ProgramLibrary.h"
+
+#include <dlfcn.h>
+
+#include <cstdio>
+#include <filesystem>
+
+namespace velmo::platform
+{
+namespace
+{
+
+constexpr std::int32_t kModuleNotFound = 126;
+constexpr std::int32_t kProcedureNotFound = 127;
+
+} // namespace
+
+Result<LibraryFunction> LoadFromProgramFolder(const std::string& name, const std::string& function)
+{
+    std::error_code ignored;
+    const std::filesystem::path path =
+        std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path() /
+        ("lib" + name + ".so");
+    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr)
+    {
+        return Error{kModuleNotFound, dlerror()};
+    }
+    void* address = dlsym(library, function.c_str());
+    if (address == nullptr)
+    {
+        return Error{kProcedureNotFound, dlerror()};
+    }
+    return LibraryFunction{address, library};
+}
+
+void TellFailure(const std::string& title, const std::string& text)
+{
+    std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
+}
+
+} // namespace velmo::platform

@@ -1,0 +1,11 @@
+#pragma once
+
+class wxTopLevelWindow;
+
+namespace velmo
+{
+
+/// Gives the window the program's icon: on Windows from the resources, natively the desktop's matter.
+void ShowProgramIcon(wxTopLevelWindow& window);
+
+} // namespace velmo

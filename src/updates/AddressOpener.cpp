@@ -1,0 +1,33 @@
+#include "updates/AddressOpener.h"
+
+#include "platform/WebAddress.h"
+#include "settings/DiagnosticLog.h"
+
+#include <utility>
+
+namespace velmo
+{
+
+AddressOpener::AddressOpener(DiagnosticLog& log, Shell shell)
+    : m_log(log), m_shell(std::move(shell))
+{}
+
+void AddressOpener::Open(std::string_view address)
+{
+    if (address.empty())
+    {
+        return;
+    }
+    const auto parsed = platform::ParseWebAddress(address);
+    if (!parsed)
+    {
+        m_log.Write("Not opened, as it is no http, https or ftp address: " + std::string(address));
+        return;
+    }
+    if (const auto opened = m_shell(parsed->text); !opened)
+    {
+        m_log.Failure("Opening " + parsed->text, opened.Failure());
+    }
+}
+
+} // namespace velmo

@@ -1,0 +1,271 @@
+#include "catalogue/CVelmoProgramCommunicator.h"
+
+#include "catalogue/CommonFolder.h"
+#include "platform/MFile.h"
+#include "platform/PrivateProfile.h"
+#include "platform/UserSettings.h"
+#include "sample/PeImageWriter.h"
+#include "settings/DiagnosticLog.h"
+#include "tests/support/RecordedPrompts.h"
+#include "tests/support/TemporaryDesktop.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <optional>
+
+namespace velmo
+{
+namespace
+{
+
+using sample::VersionResource;
+namespace MFile = platform::MFile;
+
+class LocatorTest : public testing::Test
+{
+  protected:
+    /// The source of the error that the last call reported, empty for none.
+    static std::string ErrorSource(const CVelmoProgramCommunicator& locator)
+    {
+        const auto& error = locator.LastError();
+        EXPECT_TRUE(!error || (error->number == 513 && error->description == "Invalid argument"));
+        return error ? error->source : "";
+    }
+
+    CVelmoProgramCommunicator Locator() { return {m_log, m_prompts}; }
+
+    const test::TemporaryDesktop m_desktop;
+    DiagnosticLog m_log{m_desktop.Folder() + "locator.log"};
+    test::RecordedPrompts m_prompts;
+};
+
+TEST_F(LocatorTest, FoldersComeFromWinIniElseFromTheUsersSettings)
+{
+    m_desktop.SetWinIniFolder("CommonDirectory", "C:\\Velmo");
+    m_desktop.SetWinIniFolder("AirflowDirectory", "C:\\Prog");
+    m_desktop.SetUserFolder("AirflowDirectory", "C:\\Other");
+    m_desktop.SetUserFolder("RooftopDirectory", "D:\\Roof\\");
+    m_desktop.SetUserFolder("LoadcalcDirectory", "C:\\Calc");
+    m_desktop.SetWinIniFolder("DefaultManufacturer", "Arbor Works");
+    m_desktop.SetWinIniFolder("CatalogDirectory", "C:\\Catalog");
+    constexpr struct
+    {
+        std::int32_t number;
+        const char* folder;
+        const char* executable; ///< nullptr: an error.
+    } kRows[] = {
+        {0, "C:\\Velmo\\", nullptr},
+        {1, "C:\\Prog\\", "Airflow3.exe"},
+        {3, "C:\\Calc\\", "Loadcalc7.exe"},
+        {12, "C:\\Calc\\", "Loadcalc8.exe"},
+        {13, "Arbor Works", nullptr},
+        {14, "D:\\Roof\\", "Rooftop.exe"},
+        {17, "", "Splitpair.exe"},
+        {19, "C:\\Velmo\\", nullptr},
+        {28, "C:\\Velmo\\Document\\", "Document.exe"},
+        {29, "C:\\Catalog\\", "VelmoCatalog.ocx"},
+        {30, "C:\\Velmo\\Bill of Materials\\", "Billofmat.exe"},
+        {31, "C:\\Velmo\\", "VelmoUpd.exe"},
+    };
+    for (const auto& row : kRows)
+    {
+        SCOPED_TRACE(row.number);
+        auto locator = Locator();
+        EXPECT_EQ(locator.FolderName(row.number), row.folder);
+        EXPECT_EQ(ErrorSource(locator), "");
+        const bool hasExecutable = row.executable != nullptr;
+        EXPECT_EQ(locator.GetEXEFileName(row.number),
+                  row.folder + std::string(hasExecutable ? row.executable : ""));
+        EXPECT_EQ(ErrorSource(locator),
+                  hasExecutable ? "" : "CVelmoProgramCommunicator::GetEXEFileName");
+    }
+}
+
+TEST_F(LocatorTest, WithoutACommonFolderWhatLiesInItHasNoFolder)
+{
+    for (const std::int32_t number : {0, 19, 28, 30, 31})
+    {
+        auto locator = Locator();
+        EXPECT_EQ(locator.FolderName(number), "") << number;
+        EXPECT_EQ(ErrorSource(locator), "");
+    }
+}
+
+TEST_F(LocatorTest, NumbersWithoutAFolderAreAnError)
+{
+    for (const std::int32_t number : {-1, 15, 32, INT32_MAX})
+    {
+        auto locator = Locator();
+        EXPECT_EQ(locator.FolderName(number), "") << number;
+        EXPECT_EQ(ErrorSource(locator), "CVelmoProgramCommunicator::FolderName") << number;
+    }
+}
+
+TEST_F(LocatorTest, VersionsAreSplitIntoThreeNumbers)
+{
+    constexpr std::int32_t kKept = -7;
+    using Parts = std::array<std::int32_t, 3>;
+    const std::pair<const char16_t*, Parts> rows[] = {
+        {u"8.02.0015", {8, 2, 15}},
+        {u"8.2.1.4", {8, 2, 1}},
+        {u" 8 . 2 . 1 ", {8, 2, 1}},
+        {u"8.2", {8, 2, kKept}},
+        {u"8", {8, kKept, kKept}},
+        {u"8..3", {8, kKept, 3}},
+        {u"v8.2.3 beta", {kKept, 2, kKept}},
+        {u"99999999999.2.1", {kKept, 2, 1}},
+        {u"", {9, 3, 407}}, // The fixed numbers stand in.
+    };
+    m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
+    for (const auto& [text, expected] : rows)
+    {
+        SCOPED_TRACE(testing::PrintToString(std::u16string(text)));
+        VersionResource version;
+        version.fileVersion = {9, 3, 4, 7};
+        version.strings = {{u"040904B0", {{u"FileVersion", text}}}};
+        m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {version}}));
+        Parts parts{kKept, kKept, kKept};
+        Locator().SetFileVersion(12, parts[0], parts[1], parts[2]);
+        EXPECT_EQ(parts, expected);
+    }
+}
+
+TEST_F(LocatorTest, ATranslationThatNamesNoTextsLeavesTheFixedNumbers)
+{
+    VersionResource version;
+    version.fileVersion = {8, 2, 0, 15};
+    version.translations = {{0, 1200}};
+    m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
+    m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {version}}));
+    std::array<std::int32_t, 3> parts{};
+    Locator().SetFileVersion(12, parts[0], parts[1], parts[2]);
+    EXPECT_EQ(parts, (std::array{8, 2, 15}));
+}
+
+TEST_F(LocatorTest, WithoutAVersionTheOutputsStay)
+{
+    m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
+    m_desktop.SetWinIniFolder("WiringDirectory", "C:\\velmo-none");
+    m_desktop.Write("Loadcalc8.exe", "no program");
+    for (const std::int32_t number : {-1, 0, 4, 12, 13, 26})
+    {
+        SCOPED_TRACE(number);
+        std::array<std::int32_t, 3> parts{1, 2, 3};
+        Locator().SetFileVersion(number, parts[0], parts[1], parts[2]);
+        EXPECT_EQ(parts, (std::array{1, 2, 3}));
+    }
+}
+
+TEST_F(LocatorTest, OfTwoIniFilesTheNewerIsRead)
+{
+    m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
+    constexpr struct
+    {
+        std::optional<int> current; ///< Seconds; none: no such file.
+        std::optional<int> previous;
+        const char* read;
+    } kRows[] = {
+        {100, 100, "current"},           {102, 100, "current"},
+        {100, 102, "previous"},          {100, std::nullopt, "current"},
+        {std::nullopt, 100, "previous"}, {std::nullopt, std::nullopt, "default"},
+    };
+    const auto make = [this](const char* name, const char* value, std::optional<int> time) {
+        EXPECT_TRUE(MFile::DeleteIfExists(m_desktop.Folder() + name));
+        if (time)
+        {
+            const auto path = m_desktop.Write(name, std::string("[S]\r\nk=") + value + "\r\n");
+            const MFile::Time newYear = std::chrono::sys_days(std::chrono::year(2020) / 1 / 1);
+            EXPECT_TRUE(MFile::SetModificationTime(path, newYear + std::chrono::seconds(*time)));
+        }
+    };
+    for (const auto& row : kRows)
+    {
+        make("Loadcalcw.ini", "current", row.current);
+        make("Loadcalc8.ini", "previous", row.previous);
+        auto locator = Locator();
+        EXPECT_EQ(locator.ProgramINIValue(12, "S", "k", INIValueKind::String, "default"),
+                  INIValue(row.read));
+        EXPECT_EQ(ErrorSource(locator), "");
+    }
+}
+
+TEST_F(LocatorTest, TheKindChoosesTheReaderOfAnIniValue)
+{
+    m_desktop.SetWinIniFolder("AirflowDirectory", m_desktop.Folder());
+    m_desktop.Write("Airflow3.ini", "[S]\r\nk=2.5 'x\r\nbig=70000\r\n");
+    const std::int16_t two = 2;
+    const struct
+    {
+        std::int32_t number;
+        const char* key;
+        INIValueKind kind;
+        INIValue fallback;
+        INIValue answer;
+        std::string source;
+    } rows[] = {
+        {1, "k", INIValueKind::Boolean, false, true, ""},
+        {1, "k", INIValueKind::Single, 0.F, 2.5F, ""},
+        {1, "k", INIValueKind::Long, 0, 2, ""},
+        {1, "k", INIValueKind::Integer, std::int16_t{0}, two, ""},
+        {1, "k", INIValueKind::String, "", "2.5 'x", ""},
+        {1, "big", INIValueKind::Long, 0, 70000, ""},
+        {1, "big", INIValueKind::Integer, two, two, ""},
+        {1, "none", INIValueKind::Long, 5, 5, ""},
+        {1, "k", static_cast<INIValueKind>(5), "d", "d", "ProgramINIValue"},
+        {10, "k", INIValueKind::String, "d", "d", "FolderName"},
+        {32, "k", INIValueKind::String, "d", "d", "FolderName"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(testing::Message() << row.number << " " << row.key << " " << row.source);
+        auto locator = Locator();
+        EXPECT_TRUE(locator.ProgramINIValue(row.number, "S", row.key, row.kind, row.fallback) ==
+                    row.answer);
+        const std::string prefix = row.source.empty() ? "" : "CVelmoProgramCommunicator::";
+        EXPECT_EQ(ErrorSource(locator), prefix + row.source);
+    }
+}
+
+TEST_F(LocatorTest, AFolderIsWrittenToBothStores)
+{
+    constexpr struct
+    {
+        std::int32_t number;
+        const char* folder;
+        const char* name;
+        const char* stored;
+    } kRows[] = {
+        {12, "D:\\Apps\\X\\", "LoadcalcDirectory", "D:\\Apps\\X"},
+        {1, "D:\\Apps\\\\", "AirflowDirectory", "D:\\Apps\\"},
+        {0, "C:\\Velmo", "CommonDirectory", "C:\\Velmo"},
+        {13, "Arbor Works", "DefaultManufacturer", "Arbor Works"},
+    };
+    const auto winIni = [](std::string_view name) {
+        return platform::GetPrivateProfileText("Velmo Software", name, "", 256, WinIniPath());
+    };
+    const auto user = [](std::string_view name) {
+        return platform::ReadUserSetting("Velmo Software", "Program Folders", name).value_or("");
+    };
+    for (const auto& row : kRows)
+    {
+        SCOPED_TRACE(row.number);
+        auto locator = Locator();
+        locator.WriteVelmoSoftwareEntry(row.number, row.folder);
+        EXPECT_EQ(ErrorSource(locator), "");
+        EXPECT_EQ(winIni(row.name), row.stored);
+        EXPECT_EQ(user(row.name), row.stored);
+    }
+    for (const std::int32_t number : {-1, 15, 19, 28, 29, 30, 31, 32})
+    {
+        SCOPED_TRACE(number);
+        auto locator = Locator();
+        locator.WriteVelmoSoftwareEntry(number, "E:\\Wrong");
+        EXPECT_EQ(ErrorSource(locator), "CVelmoProgramCommunicator::WriteVelmoSoftwareEntry");
+    }
+    EXPECT_EQ(winIni("CommonDirectory"), "C:\\Velmo");
+    EXPECT_EQ(winIni("CatalogDirectory") + user("CatalogDirectory"), "");
+}
+
+} // namespace
+} // namespace velmo

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "controls/UserPrompts.h"
+
+#include <string>
+#include <vector>
+
+namespace velmo::test
+{
+
+/// A person who reads every notice and presses OK.
+class RecordedPrompts final : public UserPrompts
+{
+  public:
+    void Notify(PromptIcon icon, const std::string& text, const std::string& title) override
+    {
+        notices.push_back({icon, text, title});
+    }
+
+    struct Notice
+    {
+        PromptIcon icon;
+        std::string text;
+        std::string title;
+    };
+    std::vector<Notice> notices;
+};
+
+} // namespace velmo::test

@@ -1,0 +1,101 @@
+#include "updates/ProgramActions.h"
+
+#include "catalogue/VendorServer.h"
+
+#include "settings/DiagnosticLog.h"
+#include "tests/support/RecordedPrompts.h"
+#include "tests/support/TemporaryDesktop.h"
+#include "updates/AddressOpener.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace velmo
+{
+namespace
+{
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr std::int32_t kLoadcalc = 4;
+constexpr std::int32_t kWithoutUpdatePage = 9;
+
+class ProgramActionsTest : public testing::Test
+{
+  protected:
+    [[nodiscard]] std::string Log() const { return m_desktop.Read("VelmoUpd.log"); }
+
+    const test::TemporaryDesktop m_desktop;
+    DiagnosticLog m_log{m_desktop.Folder() + "VelmoUpd.log"};
+    VendorServer m_server{"http://vendor.example", "http://192.0.2.17"};
+    test::RecordedPrompts m_prompts;
+    std::vector<std::string> m_opened;
+    Result<Done> m_outcome = Done{};
+    AddressOpener m_opener{m_log, [this](const std::string& address) {
+                               m_opened.push_back(address);
+                               return m_outcome;
+                           }};
+    ProgramActions m_actions{m_server, m_prompts, m_opener};
+};
+
+TEST_F(ProgramActionsTest, ADownloadTakesTheListedAddressElseTheCataloguesOwn)
+{
+    m_actions.Download(kLoadcalc, "  ftp://mirror.example/lc.exe ");
+    m_actions.Download(kLoadcalc, "");
+    m_actions.Download(kLoadcalc, "   ");
+    m_actions.Download(1, "");
+    EXPECT_THAT(m_opened, ElementsAre("ftp://mirror.example/lc.exe",
+                                      "http://vendor.example/pub/demo/lc8setup.exe",
+                                      "http://vendor.example/pub/demo/lc8setup.exe",
+                                      "http://192.0.2.17/pub/chlsz40.exe"));
+}
+
+TEST_F(ProgramActionsTest, TheReminderComesBeforeEveryDownload)
+{
+    m_actions.Download(kLoadcalc, "");
+    m_actions.Download(-1, ""); // No address at all.
+    ASSERT_EQ(m_prompts.notices.size(), 2U);
+    EXPECT_EQ(m_prompts.notices[1].title, "Reminder to Close Open Programs");
+    EXPECT_EQ(m_prompts.notices[1].text,
+              "Once the download is finished, be sure to close this program (Update Manager) as "
+              "well as any other programs you have open, especially the program you are about to "
+              "download, before actually running the setup.");
+    EXPECT_EQ(m_opened.size(), 1U);
+}
+
+TEST_F(ProgramActionsTest, PagesAreTheCatalogues)
+{
+    m_actions.OpenUpdatePage(kLoadcalc);
+    m_actions.OpenUpdatePage(kWithoutUpdatePage);
+    m_actions.OpenInformationPage(kLoadcalc);
+    m_actions.OpenInformationPage(31); // The update manager has none.
+    EXPECT_THAT(m_opened, ElementsAre("http://vendor.example/web/hvacr/loadcalc8_ver.html",
+                                      "http://vendor.example/web/errors/noupdatepage.txt",
+                                      "http://vendor.example/web/hvacr/loadcalc_info.html"));
+}
+
+TEST_F(ProgramActionsTest, WhatIsNoAddressOfTheWebIsNeverOpenedButLogged)
+{
+    for (const char* listed : {"C:\\Windows\\system32\\calc.exe", "calc.exe /s",
+                               "file:///C:/setup.exe", "\\\\server\\share\\x.exe", "-x"})
+    {
+        m_actions.Download(kLoadcalc, listed);
+        EXPECT_THAT(Log(), HasSubstr(listed));
+    }
+    EXPECT_TRUE(m_opened.empty());
+}
+
+TEST_F(ProgramActionsTest, AFailureToOpenIsLoggedAndNobodyIsBothered)
+{
+    m_outcome = Error{1155, "No browser"};
+    m_actions.OpenInformationPage(kLoadcalc);
+    EXPECT_TRUE(m_prompts.notices.empty());
+    EXPECT_THAT(Log(), HasSubstr("loadcalc_info.html: No browser (1155)"));
+}
+
+} // namespace
+} // namespace velmo

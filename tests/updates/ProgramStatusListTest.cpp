@@ -1,0 +1,232 @@
+#include "updates/ProgramStatusList.h"
+
+#include "catalogue/CVelmoProgramCommunicator.h"
+#include "sample/PeImageWriter.h"
+#include "settings/CINIFileHandler.h"
+#include "settings/DiagnosticLog.h"
+#include "tests/support/RecordedPrompts.h"
+#include "tests/support/TemporaryDesktop.h"
+#include "updates/StartupOptions.h"
+#include "updates/VersionList.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace velmo
+{
+namespace
+{
+
+using std::string_literals::operator""s;
+using testing::ElementsAre;
+
+class ProgramStatusListTest : public testing::Test
+{
+  protected:
+    ProgramStatusListTest() { m_settings.AppProfileFileName(m_desktop.Folder() + "VelmoUpd.ini"); }
+
+    /// Installs Loadcalc 8 and fills the list from a version list.
+    void Show(const std::string& installed, const std::string& versionList, bool present = true)
+    {
+        m_desktop.SetWinIniFolder("LoadcalcDirectory", installed.empty() ? "" : m_desktop.Folder());
+        sample::VersionResource version;
+        version.strings = {
+            {u"040904B0", {{u"FileVersion", std::u16string(installed.begin(), installed.end())}}}};
+        m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {version}}));
+        m_desktop.Write("version.ini", versionList);
+        m_programs.Rebuild(present);
+    }
+
+    const test::TemporaryDesktop m_desktop;
+    DiagnosticLog m_log{""};
+    test::RecordedPrompts m_prompts;
+    CVelmoProgramCommunicator m_locator{m_log, m_prompts};
+    CINIFileHandler m_settings{m_log};
+    VersionList m_versionList{m_desktop.Folder() + "version.ini", m_log};
+    ProgramStatusList m_programs{m_locator, m_settings, m_versionList};
+};
+
+TEST_F(ProgramStatusListTest, TheStatusFollowsFromInstalledAndLatestVersion)
+{
+    const struct
+    {
+        const char* program;
+        const char* installed; ///< Of Loadcalc 8; empty: not installed.
+        const char* list;
+        std::array<const char*, 3> cells; ///< Installed, latest, status.
+    } rows[] = {
+        {"Loadcalc 8",
+         "8.02.0015",
+         "Major=8\r\nMinor=2\r\nRevision=15",
+         {"8.02.15", "8.02.15", "No"}},
+        {"Loadcalc 8",
+         "8.02.0014",
+         "Major=8\r\nMinor=2\r\nRevision=15",
+         {"8.02.14", "8.02.15", "Yes"}},
+        {"Loadcalc 8",
+         "8.03.0000",
+         "Major=8\r\nMinor=2\r\nRevision=99",
+         {"8.03.0", "8.02.99", "No"}},
+        {"Loadcalc 8",
+         "9.00.0000",
+         "Major=8\r\nMinor=5\r\nRevision=1",
+         {"9.00.0", "8.05.1", "Yes"}},
+        {"Loadcalc 8", "8.02.0015", "Major=8\r\nMinor=2", {"8.02.15", "8.02.0", "No"}},
+        {"Loadcalc 8", "8.02.0015", "Major=8\r\nMinor=2\r\nRevision=-1", {"8.02.15", "8.02", "No"}},
+        {"Loadcalc 8",
+         "8.02.0015",
+         "Major=8\r\nMinor=99999999999\r\nRevision=7",
+         {"8.02.15", "8.00.7", "No"}},
+        {"Loadcalc 8", "8.02.0015", "Major=0\r\nMinor=2\r\nRevision=1", {"8.02.15", "?", "?"}},
+        {"Loadcalc 8", "8.02.0015", "Major=99999999999\r\nMinor=2", {"8.02.15", "?", "?"}},
+        {"Loadcalc 8", "8.02.0015", "", {"8.02.15", "?", "?"}},
+        {"Loadcalc 8",
+         "",
+         "Major=8\r\nMinor=2\r\nRevision=15",
+         {"Not Installed", "8.02.15", "No (Try Demo)"}},
+        {"Loadcalc 8", "beta", "Major=8", {"Not Installed", "8.00.0", "No (Try Demo)"}},
+        {"Pipesize 3",
+         "8.02.0015",
+         "Major=3\r\nMinor=0\r\nRevision=1",
+         {"?", "3.00.1", "? (Try Demo)"}},
+        {"Pipesize 3", "8.02.0015", "", {"?", "?", "?"}},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(std::string(row.program) + ": " + row.installed + ", " + row.list);
+        Show(row.installed, "[" + std::string(row.program) + "]\r\n" + row.list + "\r\n");
+        const ListRow* shown = m_programs.List().Find(row.program);
+        ASSERT_NE(shown, nullptr);
+        EXPECT_THAT(shown->cells,
+                    ElementsAre(row.program, "-", row.cells[0], row.cells[1], row.cells[2]));
+        const bool needsUpdate = std::string_view(row.cells[2]) == "Yes";
+        EXPECT_EQ(shown->bold, needsUpdate);
+        EXPECT_EQ(m_programs.CountThatNeedUpdate(), needsUpdate ? 1 : 0);
+    }
+}
+
+TEST_F(ProgramStatusListTest, WithoutAVersionListNothingIsKnownOfLatestVersions)
+{
+    // A list that is not said to be there is not read.
+    Show("8.02.0014", "[Loadcalc 8]\r\nMajor=8\r\nMinor=3\r\nDemo URL=http://x/\r\n", false);
+    for (const ListRow& row : m_programs.List().Rows())
+    {
+        SCOPED_TRACE(row.key);
+        const bool isInstalled = row.key == "Loadcalc 8";
+        EXPECT_EQ(row.cells[2] == "8.02.14", isInstalled);
+        EXPECT_EQ(row.cells[3], "?");
+        EXPECT_EQ(row.cells[4], "?");
+        EXPECT_EQ(row.tag, "");
+        EXPECT_FALSE(row.bold);
+    }
+}
+
+TEST_F(ProgramStatusListTest, AListThatIsNoneKnowsNoVersion)
+{
+    std::string rubbish = "[Loadcalc 8\0]\xFF\xFE[]=\r\n=\x1A\n"s;
+    for (int i = 0; i < 100'000; ++i)
+    {
+        rubbish += static_cast<char>(i * 7919 % 251);
+    }
+    for (const std::string& text : {"<html><body>Major=9 [Loadcalc 8]</body></html>"s, rubbish})
+    {
+        Show("8.02.0014", text);
+        EXPECT_EQ(m_programs.List().Rows().size(), 33U);
+        EXPECT_THAT(m_programs.List().Find("Loadcalc 8")->cells,
+                    ElementsAre("Loadcalc 8", "-", "8.02.14", "?", "?"));
+        EXPECT_EQ(m_programs.CountThatNeedUpdate(), 0);
+    }
+}
+
+TEST_F(ProgramStatusListTest, RowsAreTheCatalogueInItsOrderButForOne)
+{
+    m_programs.Rebuild(false);
+    const auto& rows = m_programs.List().Rows();
+    ASSERT_EQ(rows.size(), 33U);
+    EXPECT_EQ(rows[14].key, "Panelplan 6");
+    EXPECT_EQ(rows[15].key, "Parkvent 2");
+    EXPECT_EQ(rows[32].key, "Wastepipe 3");
+    EXPECT_EQ(m_programs.List().Find("Panelplan 5"), nullptr);
+}
+
+TEST_F(ProgramStatusListTest, ARebuildKeepsTheSelectionInView)
+{
+    struct Scrolled final : ListViewModel::Observer
+    {
+        void OnRowsChanged() override {}
+        void OnColumnsChanged() override {}
+        void OnSelectionChanged() override {}
+        void OnScrollToRow(std::size_t row) override { rows.push_back(row); }
+        std::vector<std::size_t> rows;
+    } observer;
+    m_programs.Rebuild(false);
+    m_programs.List().Observe(&observer);
+    m_programs.Rebuild(false);
+    EXPECT_TRUE(observer.rows.empty());
+    m_programs.List().Select("Airflow 3");
+    m_programs.List().Sort(ProgramStatusList::Program, SortOrder::Descending);
+    m_programs.Rebuild(true);
+    EXPECT_EQ(m_programs.List().SelectedRow()->key, "Airflow 3");
+    EXPECT_THAT(observer.rows, ElementsAre(32U));
+}
+
+TEST_F(ProgramStatusListTest, TheTagIsTheSetupThatTheListNames)
+{
+    Show("", "[Loadcalc 8]\r\nDemo URL=http://x/y.exe\r\n[Wiring 2]\r\nMajor=2\r\n");
+    EXPECT_EQ(m_programs.List().Find("Loadcalc 8")->tag, "http://x/y.exe");
+    EXPECT_EQ(m_programs.List().Find("Wiring 2")->tag, "");
+}
+
+TEST_F(ProgramStatusListTest, TheStartupColumnIsReadAgainOnRequest)
+{
+    m_desktop.Write("VelmoUpd.ini", "[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n"
+                                    "CanAskAboutUpdating=1 'True\r\n"
+                                    "[Wiring 2]\r\nCheckForUpdateOnStartupOption=1\r\n");
+    m_programs.Rebuild(false);
+    EXPECT_EQ(m_programs.List().Find("Loadcalc 8")->cells[1], "Ask");
+    EXPECT_EQ(m_programs.List().Find("Wiring 2")->cells[1], "-");
+    WriteStartupOptions(m_settings, "Loadcalc 8", false, startup_option::kDoNotCheck);
+    m_programs.RefreshStartupOption("Loadcalc 8");
+    EXPECT_EQ(m_programs.List().Find("Loadcalc 8")->cells[1], "No");
+}
+
+TEST_F(ProgramStatusListTest, TheButtonsNameTheSelectedProgram)
+{
+    m_desktop.Write("VelmoUpd.ini", "[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
+    Show("8.01.0000", "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\n[Wiring 2]\r\nMajor=2\r\n"
+                      "[Pipesize 3]\r\nMajor=3\r\n");
+    const struct
+    {
+        const char* program; ///< Empty: none is selected.
+        std::string what;
+        bool hasOptions;
+    } rows[] = {
+        {"Loadcalc 8", "Update", true},
+        {"Wiring 2", "Demo", false},
+        {"Pipesize 3", "Demo", false},
+        {"Airflow 3", "Update", false},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.program);
+        const std::string name = row.program;
+        m_programs.List().Select(name);
+        const ProgramButtons buttons = m_programs.Buttons();
+        EXPECT_EQ(buttons.updateOptions.caption, "Set &Update Options for " + name + "...");
+        EXPECT_EQ(buttons.updateOptions.enabled, row.hasOptions);
+        EXPECT_EQ(buttons.download.caption, "&Download " + row.what + " for " + name);
+        EXPECT_EQ(buttons.updatePage.caption, "&Go to Update Page for " + name);
+        EXPECT_EQ(buttons.informationPage.caption, "Go to &Info Page for " + name);
+        EXPECT_TRUE(buttons.download.enabled && buttons.updatePage.enabled &&
+                    buttons.informationPage.enabled);
+    }
+    m_programs.List().Select("");
+    const ProgramButtons buttons = m_programs.Buttons();
+    EXPECT_EQ(buttons.download.caption, "&Download");
+    EXPECT_EQ(buttons.updatePage.caption, "&Go to Update Page");
+    EXPECT_EQ(buttons.informationPage.caption, "Go to &Info Page");
+    EXPECT_FALSE(buttons.updateOptions.enabled || buttons.download.enabled);
+}
+
+} // namespace
+} // namespace velmo

@@ -1,0 +1,52 @@
+#include "updates/ProgramVersion.h"
+
+#include <gtest/gtest.h>
+
+namespace velmo
+{
+namespace
+{
+
+TEST(ProgramVersionTest, AnotherMajorNumberOrALowerMinorOrRevisionNeedsAnUpdate)
+{
+    constexpr struct
+    {
+        ProgramVersion installed;
+        ProgramVersion latest;
+        bool upToDate;
+    } kRows[] = {
+        {{8, 2, 15}, {8, 2, 15}, true},  {{8, 2, 14}, {8, 2, 15}, false},
+        {{8, 2, 16}, {8, 2, 15}, true},  {{8, 3, 0}, {8, 2, 99}, true},
+        {{8, 1, 99}, {8, 2, 0}, false},  {{9, 0, 0}, {8, 5, 1}, false},
+        {{7, 99, 99}, {8, 0, 0}, false}, {{8, 2, 0}, {8, 2, -1}, true},
+        {{8, 10, 0}, {8, 9, 0}, true},
+    };
+    for (const auto& row : kRows)
+    {
+        EXPECT_EQ(IsUpToDate(row.installed, row.latest), row.upToDate)
+            << InstalledVersionText(row.installed) << " " << InstalledVersionText(row.latest);
+    }
+}
+
+TEST(ProgramVersionTest, TheMinorNumberHasTwoDigitsAndTheRevisionNone)
+{
+    constexpr struct
+    {
+        ProgramVersion version;
+        const char* installed;
+        const char* latest;
+    } kRows[] = {
+        {{8, 2, 15}, "8.02.15", "8.02.15"},     {{8, 1, 112}, "8.01.112", "8.01.112"},
+        {{10, 123, 0}, "10.123.0", "10.123.0"}, {{8, 2, -1}, "8.02.-1", "8.02"},
+        {{8, 0, 0}, "8.00.0", "8.00.0"},        {{0, 2, 3}, "0.02.3", "?"},
+        {{-1, -2, 3}, "-1.-02.3", "-1.-02.3"},
+    };
+    for (const auto& row : kRows)
+    {
+        EXPECT_EQ(InstalledVersionText(row.version), row.installed);
+        EXPECT_EQ(LatestVersionText(row.version), row.latest);
+    }
+}
+
+} // namespace
+} // namespace velmo

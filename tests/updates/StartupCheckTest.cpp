@@ -1,0 +1,241 @@
+#include "updates/StartupCheck.h"
+
+#include "catalogue/CVelmoProgramCommunicator.h"
+#include "platform/MFile.h"
+#include "sample/SampleImage.h"
+#include "settings/CINIFileHandler.h"
+#include "settings/DiagnosticLog.h"
+#include "tests/support/RecordedPrompts.h"
+#include "tests/support/TemporaryDesktop.h"
+#include "updates/StatusNotice.h"
+#include "updates/VersionList.h"
+
+#include <gtest/gtest.h>
+
+namespace velmo
+{
+namespace
+{
+
+constexpr char kCommandLine[] = "STARTUP Loadcalc 8";
+
+TEST(StartupRequestTest, TheCommandLineIsSearchedNotSplit)
+{
+    const struct
+    {
+        const char* commandLine;
+        bool startupMode;
+        bool databasesTab;
+        const char* caller;
+        std::int32_t index;
+        bool asksForStatus;
+    } rows[] = {
+        {"", false, false, "", 0, false},
+        {"   ", false, false, "", 0, false},
+        {"/startup", true, false, "", 0, false},
+        {"xSTARTUPx", true, false, "", 0, false},
+        {"startup loadcalc 8", true, false, "Loadcalc 8", 4, false},
+        {"  Loadcalc 8 ", false, false, "Loadcalc 8", 4, true},
+        {"Loadcalc8", false, false, "", 0, true},
+        {"Manufacturer Databases", false, true, "", 0, false},
+        {"manufacturer databases", false, false, "", 0, true},
+        {"STARTUP Wiring 2 Manufacturer Databases", true, true, "Wiring 2", 26, false},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.commandLine);
+        const StartupRequest request(row.commandLine);
+        EXPECT_EQ(request.startupMode, row.startupMode);
+        EXPECT_EQ(request.databasesTab, row.databasesTab);
+        EXPECT_EQ(request.caller, row.caller);
+        EXPECT_EQ(request.callerIndex, row.index);
+        EXPECT_EQ(request.AsksForStatus(), row.asksForStatus);
+    }
+    EXPECT_EQ(StartupRequest("  Loadcalc 8 ").text, "Loadcalc 8");
+}
+
+TEST(StartupFindingsTest, TheQuestionNamesWhatHasUpdatesAndNothingElse)
+{
+    for (int bits = 0; bits < 8; ++bits)
+    {
+        SCOPED_TRACE(bits);
+        const bool program = (bits & 4) != 0;
+        const StartupFindings findings{
+            program, "8.02.14", "8.02.15", {(bits & 2) != 0 ? 17 : 0, (bits & 1) != 0 ? 3 : 0}};
+        const std::string text = StartupQuestion(findings, "Loadcalc 8");
+        if ((bits & 3) == 0)
+        {
+            EXPECT_EQ(findings.Outcome(),
+                      program ? StartupOutcome::Dialog : StartupOutcome::Nothing);
+            EXPECT_EQ(text, "");
+            continue;
+        }
+        EXPECT_EQ(findings.Outcome(), StartupOutcome::Question);
+        const auto has = [&text](const char* part) { return text.find(part) != text.npos; };
+        EXPECT_EQ(has("An update is available for Loadcalc 8, and updates are also"), program);
+        EXPECT_EQ(text.starts_with("Updates are available for "), !program);
+        EXPECT_EQ(has("for 17 of the HVAC equipment databases that you have installed"),
+                  (bits & 2) != 0);
+        EXPECT_EQ(has(" 3 of the HVAC equipment picture groups that you have installed."),
+                  (bits & 1) != 0);
+        EXPECT_EQ(has("installed, and 3 of"), (bits & 3) == 3);
+        EXPECT_TRUE(
+            text.ends_with("installed.  Would you like to see the list of available updates?"));
+        EXPECT_FALSE(has("%"));
+    }
+    EXPECT_EQ(StartupQuestion({false, "", "", {1, 0}}, "Loadcalc 8"),
+              "Updates are available for 1 of the HVAC equipment databases that you have "
+              "installed.  Would you like to see the list of available updates?");
+}
+
+TEST(StatusNoticeTest, TellsTheStatusOfTheNamedProgram)
+{
+    const auto notice = [](const char* status) {
+        return StatusNoticeOf(
+            {"Loadcalc 8", {"Loadcalc 8", "-", "8.02.14", "8.02.15", status}, {}});
+    };
+    EXPECT_EQ(notice("Yes").title, "Need to Update");
+    EXPECT_EQ(notice("Yes").text,
+              "Loadcalc 8 needs to be updated.  Click \"Download Update for Loadcalc 8\" to "
+              "download and install the update.");
+    EXPECT_EQ(notice("No").title, "Up to Date");
+    EXPECT_EQ(notice("No").text, "Loadcalc 8 is up to date.");
+    for (const char* status : {"?", "No (Try Demo)", "yes"})
+    {
+        EXPECT_EQ(notice(status).title, "Update Status Unknown") << status;
+        EXPECT_EQ(notice(status).text,
+                  "There was a problem in getting the update status for Loadcalc 8.");
+    }
+}
+
+class StartupCheckTest : public testing::Test
+{
+  protected:
+    StartupCheckTest()
+    {
+        m_desktop.SetWinIniFolder("CommonDirectory", m_desktop.Folder());
+        m_settings.AppProfileFileName(m_desktop.Folder() + "VelmoUpd.ini");
+    }
+
+    void Install(const char* file, ProgramVersion version)
+    {
+        m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
+        m_desktop.Write(file, sample::WriteSampleImage({"Sample", "Sample", file, version}));
+    }
+
+    StartupFindings Check(const std::string& list, EquipmentCounts equipment = {})
+    {
+        return m_check.CheckCaller(
+            StartupRequest(kCommandLine),
+            [&] {
+                ++m_fetches;
+                m_desktop.Write("version.ini", list);
+                return !list.empty();
+            },
+            [&] {
+                ++m_counts;
+                return equipment;
+            });
+    }
+
+    const test::TemporaryDesktop m_desktop;
+    DiagnosticLog m_log{""};
+    test::RecordedPrompts m_prompts;
+    CVelmoProgramCommunicator m_locator{m_log, m_prompts};
+    CINIFileHandler m_settings{m_log};
+    VersionList m_versionList{m_desktop.Folder() + "version.ini", m_log};
+    StartupCheck m_check{m_locator, m_settings, m_versionList};
+    int m_fetches = 0;
+    int m_counts = 0;
+};
+
+constexpr char kNewer[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=3\r\nRevision=-1\r\n";
+constexpr char kSame[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=15\r\n";
+
+TEST_F(StartupCheckTest, AnUpdateOfTheCallerIsFoundWithBothVersions)
+{
+    Install("Loadcalc8.exe", {8, 2, 15});
+    const StartupFindings findings = Check(kNewer);
+    EXPECT_TRUE(findings.programNeedsUpdate);
+    EXPECT_EQ(findings.installedVersion, "8.02.15");
+    EXPECT_EQ(findings.latestVersion, "8.03");
+    EXPECT_EQ(m_counts, 0) << "Loadcalc 8 does not ask for equipment of itself";
+    EXPECT_FALSE(Check(kSame).programNeedsUpdate);
+    EXPECT_FALSE(Check("[Other]\r\nMajor=1\r\n").programNeedsUpdate) << "not in the list";
+}
+
+TEST_F(StartupCheckTest, TheOptionsDecideWhatIsLookedAt)
+{
+    const struct
+    {
+        const char* options;
+        bool installed;
+        int fetches;
+        bool program;
+        std::int32_t databases;
+    } rows[] = {
+        {"", true, 1, true, 0},
+        {"", false, 0, false, 0},
+        {"CheckForUpdateOnStartupOption=2", true, 0, false, 0},
+        {"CanAskAboutUpdating=1\r\nCheckForUpdateOnStartupOption=0", true, 0, false, 0},
+        {"CheckForUpdateOnStartup=0 'False", true, 0, false, 0},
+        {"CheckForUpdateOnStartupOption=1\r\nNotifyOfHVACEquipmentUpdateOnStartup=True", true, 1,
+         true, 7},
+        {"CheckForUpdateOnStartupOption=2\r\nNotifyOfHVACEquipmentUpdateOnStartup=True", true, 1,
+         false, 7},
+        {"NotifyOfHVACEquipmentUpdateOnStartup=True", false, 1, false, 7},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(std::string(row.options) + (row.installed ? ", installed" : ""));
+        Install(row.installed ? "Loadcalc8.exe" : "other.exe", {8, 2, 15});
+        m_desktop.Write("VelmoUpd.ini", std::string("[Loadcalc 8]\r\n") + row.options);
+        m_fetches = 0;
+        const StartupFindings findings = Check(kNewer, {7, 2});
+        EXPECT_EQ(m_fetches, row.fetches);
+        EXPECT_EQ(findings.programNeedsUpdate, row.program);
+        EXPECT_EQ(findings.equipment.databases, row.databases);
+        if (row.installed)
+        {
+            ASSERT_TRUE(platform::MFile::DeleteIfExists(m_desktop.Folder() + "Loadcalc8.exe").Ok());
+        }
+    }
+}
+
+TEST_F(StartupCheckTest, AFailedFetchFindsNothing)
+{
+    Install("Loadcalc8.exe", {8, 2, 15});
+    m_desktop.Write("VelmoUpd.ini",
+                    "[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=True\r\n");
+    EXPECT_EQ(Check("", {7, 2}).Outcome(), StartupOutcome::Nothing);
+    EXPECT_EQ(m_counts, 0);
+}
+
+TEST_F(StartupCheckTest, ACallerIsRememberedOnceAndNobodyElse)
+{
+    m_check.MarkCaller(StartupRequest("STARTUP"));
+    EXPECT_FALSE(platform::MFile::FileExists(m_desktop.Folder() + "VelmoUpd.ini"));
+    m_check.MarkCaller(StartupRequest("loadcalc 8"));
+    EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"),
+              "[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
+}
+
+TEST_F(StartupCheckTest, TheUpdateManagersOwnUpdateIsOfferedWhenItIsOlder)
+{
+    constexpr char kOwn[] = "[Update Manager 1]\r\nMajor=1\r\nMinor=5\r\n";
+    EXPECT_FALSE(m_check.CheckSelf()) << "no list";
+    m_desktop.Write("version.ini", kOwn);
+    EXPECT_FALSE(m_check.CheckSelf()) << "not installed where it is looked for";
+    Install("VelmoUpd.exe", {1, 4, 12});
+    const auto notice = m_check.CheckSelf();
+    ASSERT_TRUE(notice);
+    EXPECT_EQ(notice->index, 31);
+    EXPECT_EQ(notice->program, "Update Manager 1");
+    EXPECT_EQ(notice->installedVersion, "1.04.12");
+    EXPECT_EQ(notice->latestVersion, "1.05.0");
+    Install("VelmoUpd.exe", {1, 5, 0});
+    EXPECT_FALSE(m_check.CheckSelf());
+}
+
+} // namespace
+} // namespace velmo

@@ -1,0 +1,89 @@
+#include "updates/StartupOptions.h"
+
+#include "settings/CINIFileHandler.h"
+#include "settings/DiagnosticLog.h"
+#include "tests/support/TemporaryDesktop.h"
+
+#include <gtest/gtest.h>
+
+namespace velmo
+{
+namespace
+{
+
+class StartupOptionsTest : public testing::Test
+{
+  protected:
+    StartupOptionsTest() { m_settings.AppProfileFileName(m_desktop.Folder() + "VelmoUpd.ini"); }
+
+    const test::TemporaryDesktop m_desktop;
+    DiagnosticLog m_log{""};
+    CINIFileHandler m_settings{m_log};
+};
+
+TEST_F(StartupOptionsTest, AProgramThatNeverAllowedAskingKeepsItsEarlierChoice)
+{
+    const struct
+    {
+        const char* entries;
+        std::int32_t option;
+        const char* text;
+        bool canAsk;
+    } rows[] = {
+        {"", 1, "Yes", false},
+        {"CheckForUpdateOnStartup=0 'False", 2, "No", false},
+        {"CheckForUpdateOnStartup=1 'True", 1, "Yes", false},
+        {"CheckForUpdateOnStartupOption=1\r\nCheckForUpdateOnStartup=0", 1, "Yes", false},
+        {"CheckForUpdateOnStartupOption=2", 2, "No", false},
+        {"CheckForUpdateOnStartupOption=7", 7, "No", false},
+        {"CheckForUpdateOnStartupOption=99999999999", 2, "No", false},
+        {"CanAskAboutUpdating=tRUE", 0, "Ask", true},
+        {"CanAskAboutUpdating=1 'True\r\nCheckForUpdateOnStartup=0", 0, "Ask", true},
+        {"CanAskAboutUpdating=-1\r\nCheckForUpdateOnStartupOption=2", 2, "No", true},
+        {"CanAskAboutUpdating=0 'False\r\nCheckForUpdateOnStartupOption=0", 1, "Yes", false},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.entries);
+        m_desktop.Write("VelmoUpd.ini", std::string("[Wiring 2]\r\n") + row.entries + "\r\n");
+        const StartupOptions options = ReadStartupOptions(m_settings, "Wiring 2");
+        EXPECT_EQ(options.option, row.option);
+        EXPECT_EQ(StartupOptionText(options.option), row.text);
+        EXPECT_EQ(options.canAsk, row.canAsk);
+    }
+}
+
+TEST_F(StartupOptionsTest, EquipmentIsCheckedAsTheCatalogueSaysUnlessChosen)
+{
+    m_desktop.Write("VelmoUpd.ini",
+                    "[Chillersize 5]\r\nNotifyOfHVACEquipmentUpdateOnStartup=0 'False\r\n"
+                    "[Wiring 2]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
+    constexpr std::pair<const char*, bool> kRows[] = {
+        {"Airflow 3", true}, {"Chillersize 5", false}, {"Wiring 2", true}, {"Ductsize 6", false}};
+    for (const auto& [name, notify] : kRows)
+    {
+        EXPECT_EQ(ReadStartupOptions(m_settings, name).notifyOfEquipment, notify) << name;
+    }
+}
+
+TEST_F(StartupOptionsTest, WhatTheProgramsDecideIsNotWritten)
+{
+    const std::string theirs = "[Wiring 2]\r\nCanAskAboutUpdating=True\r\n"
+                               "CheckForUpdateOnStartup=False\r\n";
+    m_desktop.Write("VelmoUpd.ini", theirs);
+    WriteStartupOptions(m_settings, "Wiring 2", false, 2);
+    EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"),
+              theirs + "NotifyOfHVACEquipmentUpdateOnStartup=0 'False\r\n"
+                       "CheckForUpdateOnStartupOption=2\r\n");
+}
+
+TEST_F(StartupOptionsTest, AProgramIsIntegratedOnceItIsMarked)
+{
+    EXPECT_FALSE(IsIntegrated(m_settings, "Wiring 2"));
+    MarkIntegrated(m_settings, "Wiring 2");
+    EXPECT_TRUE(IsIntegrated(m_settings, "Wiring 2"));
+    EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"), "[Wiring 2]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
+}
+
+} // namespace
+} // namespace velmo
