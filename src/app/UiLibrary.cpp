@@ -2,14 +2,13 @@
 #include "app/CCheckOtherInstance.h"
 #include "app/UiRequest.h"
 #include "app/UpdateWindows.h"
+#include "app/VelmoUpdUi_export.h"
 #include "app/frmMain.h"
 #include "controls/MousePointer.h"
 #include "ui/WxMessageLoop.h"
 #include "ui/WxMousePointer.h"
 #include "ui/WxPrompts.h"
 #include "ui/WxText.h"
-
-#include "VelmoUpdUi_export.h"
 
 #include <wx/app.h>
 
