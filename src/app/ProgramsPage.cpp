@@ -102,17 +102,20 @@ void ProgramsPage::BindActions()
 
 void ProgramsPage::ShowMenu()
 {
+    wxMenu menu;
+    FillMenu(menu);
+    m_list->PopupMenu(&menu);
+}
+
+void ProgramsPage::FillMenu(wxMenu& menu)
+{
     struct Entry
     {
-        const char* name;
         wxButton* button; ///< Pressed by the entry, which bears its caption.
         bool copiesState; ///< The download can always be chosen from here.
     };
-    const std::array entries{Entry{"mnuDownload", m_download, false},
-                             Entry{"mnuGoToUpdatePage", m_updatePage, true},
-                             Entry{"mnuGoToInfoPage", m_informationPage, true},
-                             Entry{"mnuUpdateOptions", m_updateOptions, true}};
-    wxMenu menu;
+    const std::array entries{Entry{m_download, false}, Entry{m_updatePage, true},
+                             Entry{m_informationPage, true}, Entry{m_updateOptions, true}};
     for (const Entry& entry : entries)
     {
         if (entry.button == m_updateOptions)
@@ -130,7 +133,6 @@ void ProgramsPage::ShowMenu()
             },
             item->GetId());
     }
-    m_list->PopupMenu(&menu);
 }
 
 wxButton* ProgramsPage::AddButton(wxSizer& sizer, const wxString& name)

@@ -6,6 +6,7 @@
 #include <string>
 
 class wxButton;
+class wxMenu;
 
 namespace velmo
 {
@@ -35,6 +36,9 @@ class ProgramsPage final : public wxPanel
 
     /// Captions and states of the buttons for the selected program, and its page in the browser pane.
     void ShowSelectedProgram();
+
+    /// Fills the pop-up menu `mnuInvisible` of the list: what the buttons do, with their captions.
+    void FillMenu(wxMenu& menu);
 
     void RedrawList();
     void FocusList();

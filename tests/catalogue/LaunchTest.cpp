@@ -1,5 +1,6 @@
 #include "catalogue/CVelmoProgramCommunicator.h"
 
+#include "platform/MFile.h"
 #include "settings/DiagnosticLog.h"
 #include "tests/support/RecordedPrompts.h"
 #include "tests/support/StartableProgram.h"
@@ -10,6 +11,8 @@ namespace velmo
 {
 namespace
 {
+
+namespace MFile = platform::MFile;
 
 class LaunchTest : public testing::Test
 {
@@ -42,6 +45,14 @@ TEST_F(LaunchTest, AMissingProgramIsANotice)
         EXPECT_EQ(notice.icon, PromptIcon::Information);
         EXPECT_EQ(notice.title, "Psychrochart Not Found");
     }
+}
+
+TEST_F(LaunchTest, WithoutItsFolderTheCurrentOneIsNotSearched)
+{
+    const std::string stray = m_desktop.Write(MFile::FullPath("Psychrochartw.exe"), "no program");
+    EXPECT_EQ(Launch(), "");
+    EXPECT_EQ(m_prompts.notices.size(), 1U);
+    EXPECT_TRUE(MFile::DeleteIfExists(stray));
 }
 
 TEST_F(LaunchTest, TheProgramIsStartedElseItsPreviousGeneration)

@@ -4,6 +4,7 @@
 #include "tests/support/DeadPort.h"
 #include "tests/support/FaultServer.h"
 #include "tests/support/TemporaryDesktop.h"
+#include "tests/support/TestData.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -105,6 +106,75 @@ TEST_F(CommandsTest, InspectPrintsEveryPropertyOfEveryFile)
     EXPECT_EQ(Do({"inspect", m_desktop.Folder() + "none.exe"}), 1);
     EXPECT_EQ(m_errors, "There is no file " + m_desktop.Folder() + "none.exe.\n");
     EXPECT_EQ(m_output, "");
+}
+
+TEST_F(CommandsTest, EquipmentPrintsTheGridsTextsAndWhetherAnythingNeedsAnUpdate)
+{
+    FaultServer server;
+    m_desktop.SetPolicy("WebServer", server.Url(""));
+    m_desktop.SetWinIniFolder("CommonDirectory", m_desktop.Folder());
+    m_desktop.Write("kestrel.mdb", m_desktop.Read(test::TestDataPath(
+                                       "access/equipment/plain_datetime_v2000.mdb")));
+    server.Serve("/pub/demo/version.ini", "[Loadcalc 8]\r\nMajor=8\r\n");
+    const struct
+    {
+        const char* date;
+        int exitCode;
+        const char* end;
+    } rows[] = {{"3/15/2004", 0, "No"}, {"3/16/2004", 3, "Yes"}};
+    for (const auto& [date, exitCode, end] : rows)
+    {
+        SCOPED_TRACE(date);
+        server.Serve("/pub/demo/manufver.ini",
+                     std::string("[Kestrel]\r\n1MDBFilename=kestrel.mdb\r\n1ReleaseDate=") + date +
+                         "\r\n12SpeedAC=X\r\n");
+        EXPECT_EQ(Do({"equipment"}), exitCode);
+        EXPECT_THAT(m_output, testing::StartsWith("Section Name  MDB EXE      Picture EXE  "));
+        EXPECT_THAT(m_output, HasSubstr("  Wtr Htr\n"));
+        EXPECT_THAT(m_output, testing::ContainsRegex(std::string("\nKestrel  .*  3/15/2004  .*  ") +
+                                                     date + " .* " + end + " .* X\n"));
+        EXPECT_EQ(std::count(m_output.begin(), m_output.end(), '\n'), 3);
+        EXPECT_EQ(m_errors, "");
+    }
+}
+
+TEST_F(CommandsTest, InspectReadsAFieldOfADatabase)
+{
+    const struct
+    {
+        std::vector<std::string> arguments;
+        const char* output;
+        const char* error; ///< Empty: exit code 0.
+    } rows[] = {
+        {{"equipment/plain_datetime_v2000.mdb", "header", "RELEASEDATE"}, "3/15/2004\n", ""},
+        {{"equipment/date_null.mdb", "Header", "ReleaseDate"}, "\n", ""},
+        {{"equipment/no_header_table.mdb", "Header", "x"}, "", "There is no table \"Header\"."},
+        {{"equipment/no_release_field.mdb", "Header", "ReleaseDate"},
+         "",
+         "Table \"Header\" has no field \"ReleaseDate\"."},
+        {{"equipment/header_no_rows.mdb", "Header", "ReleaseDate"},
+         "",
+         "Table \"Header\" has no rows."},
+        {{"broken/password.mdb", "Header", "ReleaseDate"},
+         "",
+         "The database is protected by a password."},
+        {{"equipment/plain_datetime_v2000.mdb"}, "Database Installed Version: 3/15/2004\n", ""},
+        {{"equipment/date_null.mdb"},
+         "Database Installed Version: -\n",
+         "The first release date is empty."},
+        {{"broken/encoded_rc4.mdb"}, "Database Installed Version: -\n", "The database is encoded."},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(testing::PrintToString(row.arguments));
+        std::vector<std::string> arguments = row.arguments;
+        arguments[0] = test::TestDataPath("access/" + arguments[0]);
+        const std::string error = *row.error == '\0' ? "" : arguments[0] + ": " + row.error + "\n";
+        arguments.insert(arguments.begin(), "inspect");
+        EXPECT_EQ(Do(arguments), error.empty() ? 0 : 1);
+        EXPECT_EQ(m_output, row.output);
+        EXPECT_EQ(m_errors, error);
+    }
 }
 
 TEST_F(CommandsTest, AWrongCommandLineIsExplained)

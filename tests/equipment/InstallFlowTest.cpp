@@ -266,9 +266,8 @@ TEST_F(InstallFlowTest, ALinkInTheFoldersPlaceIsNotFollowed)
     {
         GTEST_SKIP() << "This system makes no such links.";
     }
-    OrderDatabase("alder.exe");
+    OrderDatabase("gone.exe"); // Leaves the folder empty.
     OrderDatabase("late.exe");
-    Serve("alder.exe");
     Serve("late.exe");
     std::size_t connections = 0;
     m_onBars = [&] {
@@ -276,7 +275,6 @@ TEST_F(InstallFlowTest, ALinkInTheFoldersPlaceIsNotFollowed)
         if (Flow().CurrentBar().text == "Connecting..." && ++connections == 2)
         {
             EXPECT_FALSE(MFile::IsLink(m_temp));
-            EXPECT_TRUE(MFile::DeleteIfExists(m_temp + "alder.exe"));
             EXPECT_TRUE(MFile::RemoveFolder(m_temp));
             EXPECT_TRUE(test::MakeFolderLink(m_common + "Temp", m_desktop.Folder() + "elsewhere"));
         }
@@ -285,7 +283,7 @@ TEST_F(InstallFlowTest, ALinkInTheFoldersPlaceIsNotFollowed)
     EXPECT_EQ(MFile::FileNames(m_desktop.Folder() + "elsewhere").size(), 1U);
     EXPECT_TRUE(MFile::FileExists(kept));
     EXPECT_EQ(Lines().back(), "  late.exe: The folder " + m_temp + " is a link.");
-    EXPECT_EQ(Flow().FilesInstalled(), 1);
+    EXPECT_EQ(Flow().FilesInstalled(), 0);
 }
 
 TEST_F(InstallFlowTest, AFolderThatCannotBeWrittenAndASetupThatCannotRunAreTold)

@@ -99,13 +99,13 @@ TEST(MainWindowTest, ClosingDeletesTheListsAndRemembersTheWindow)
 {
     WindowDesktop desktop;
     desktop.ServeLists(kVersionList);
-    desktop.WriteSettings(kNoAutoConnect);
+    desktop.WriteSettings(std::string(kNoAutoConnect) +
+                          "[Main Window]\r\nLeft=900\r\nTop=600\r\nWidth=13500\r\nHeight=9600\r\n");
     {
         WindowUnderTest test;
         test.window->Open("");
         test.manager.FetchLists();
         EXPECT_TRUE(platform::MFile::FileExists(platform::ProgramFolder() + "version.ini"));
-        test.window->SetSize(60, 40, 900, 640);
         test.manager.Programs().List().SetColumnWidth(1, 2550);
         test.loop.Yield();
         test.window->Close();
@@ -117,6 +117,7 @@ TEST(MainWindowTest, ClosingDeletesTheListsAndRemembersTheWindow)
     EXPECT_NE(desktop.Setting("Program List", "ColumnHeaderWidth5"), "(none)");
     EXPECT_EQ(desktop.Setting("Program List", "ColumnHeaderWidth6"), "(none)");
     EXPECT_NE(desktop.Setting("Main Window", "SliderTopPrograms"), "(none)");
+    EXPECT_EQ(desktop.Setting("Main Window", "State"), "0");
 
     WindowUnderTest again;
     EXPECT_EQ(again.window->GetSize(), wxSize(900, 640));

@@ -37,7 +37,12 @@ void WindowDesktop::WriteSettings(std::string_view text) const
 }
 
 WindowUnderTest::WindowUnderTest()
-    : manager(loop, prompts, pointer), window(new frmMain(manager, prompts, loop))
+    : manager(loop, prompts, pointer,
+              [this](const std::string& address) -> Result<Done> {
+                  opened.push_back(address);
+                  return Done{};
+              }),
+      windows(manager, prompts, pointer), window(new frmMain(manager, windows, loop))
 {}
 
 WindowUnderTest::~WindowUnderTest()

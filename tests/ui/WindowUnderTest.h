@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/UpdateWindows.h"
 #include "app/frmMain.h"
 #include "controls/UserPrompts.h"
 #include "manager/UpdateManager.h"
@@ -80,7 +81,9 @@ class WindowUnderTest
     WxMessageLoop loop;
     RecordedPrompts prompts;
     WxMousePointer pointer;
+    std::vector<std::string> opened; ///< Addresses that went to the user's browser.
     UpdateManager manager;
+    UpdateWindows windows;
     frmMain* window;
 
   private:

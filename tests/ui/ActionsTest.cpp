@@ -1,0 +1,115 @@
+#include "app/ProgramsPage.h"
+#include "tests/ui/WindowUnderTest.h"
+#include "ui/BrowserPane.h"
+#include "ui/LinkGrid.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <wx/bookctrl.h>
+#include <wx/menu.h>
+
+namespace velmo::test
+{
+namespace
+{
+
+using testing::ElementsAre;
+using testing::StartsWith;
+
+constexpr char kVersionList[] =
+    "[Loadcalc 8]\r\nMajor=8\r\nDemo URL= http://setups.example/lc8.exe \r\n"
+    "[Pipesize 3]\r\nMajor=3\r\nDemo URL=file:///C:/windows/notepad.exe\r\n"
+    "[News Headlines]\r\nFirst headline|http://127.0.0.1:9/first.html\r\nJust a line\r\n"
+    "Odd|javascript:alert(1)\r\n";
+
+class ActionsTest : public testing::Test
+{
+  protected:
+    ActionsTest()
+    {
+        m_desktop.ServeLists(kVersionList);
+        m_desktop.WriteSettings("[Miscellaneous]\r\nAutoConnect=0 'False\r\n");
+    }
+
+    void Open(WindowUnderTest& test, const char* program)
+    {
+        test.window->Open(program);
+        test.manager.FetchLists();
+    }
+
+    std::string Server(const char* path) const { return m_desktop.server.Url(path); }
+
+    WindowDesktop m_desktop;
+};
+
+TEST_F(ActionsTest, TheReminderComesFirstAndThenTheListedAddressOpens)
+{
+    WindowUnderTest test;
+    Open(test, "Loadcalc 8");
+    test.Press("cmdDownloadUpdate");
+    EXPECT_THAT(test.prompts.notices,
+                ElementsAre(StartsWith("Reminder to Close Open Programs|Once the download is "
+                                       "finished, be sure to close this program")));
+    EXPECT_THAT(test.opened, ElementsAre("http://setups.example/lc8.exe"));
+    test.Press("cmdGoToUpdatePage");
+    test.Press("cmdGoToInfoPage");
+    EXPECT_EQ(test.opened[1], Server("/web/hvacr/loadcalc8_ver.html"));
+    EXPECT_EQ(test.opened[2], Server("/web/hvacr/loadcalc_info.html"));
+}
+
+TEST_F(ActionsTest, AnAddressThatIsNoWebAddressIsNotOpened)
+{
+    WindowUnderTest test;
+    Open(test, "Pipesize 3");
+    test.Press("cmdDownloadUpdate");
+    EXPECT_EQ(test.prompts.notices.size(), 1U) << "the reminder comes all the same";
+    EXPECT_TRUE(test.opened.empty());
+}
+
+TEST_F(ActionsTest, TheMenuCopiesCaptionsAndStatesButForTheDownloads)
+{
+    WindowUnderTest test;
+    Open(test, "Loadcalc 8");
+    auto& page = test.Find<ProgramsPage>("picHoldPrograms");
+    wxMenu menu;
+    page.FillMenu(menu);
+    ASSERT_EQ(menu.GetMenuItemCount(), 5U);
+    const auto& items = menu.GetMenuItems();
+    EXPECT_EQ(items[0]->GetItemLabel(), "&Download Demo for Loadcalc 8");
+    EXPECT_EQ(items[1]->GetItemLabel(), "&Go to Update Page for Loadcalc 8");
+    EXPECT_EQ(items[2]->GetItemLabel(), "Go to &Info Page for Loadcalc 8");
+    EXPECT_TRUE(items[3]->IsSeparator());
+    EXPECT_EQ(items[4]->GetItemLabel(), "Set &Update Options for Loadcalc 8...");
+    EXPECT_TRUE(items[0]->IsEnabled());
+    EXPECT_FALSE(items[4]->IsEnabled()) << "the program does not start the update manager";
+
+    wxCommandEvent choose(wxEVT_MENU, items[2]->GetId());
+    menu.ProcessEvent(choose);
+    EXPECT_THAT(test.opened, ElementsAre(Server("/web/hvacr/loadcalc_info.html")));
+}
+
+TEST_F(ActionsTest, AHeadlineOpensInTheNewsPaneAndOnlyWebLinksDo)
+{
+    WindowUnderTest test;
+    Open(test, "");
+    auto& grid = test.Find<LinkGrid>("flxNewsHeadlines");
+    ASSERT_EQ(grid.GetNumberRows(), 3);
+    EXPECT_EQ(grid.GetCellValue(1, 1), "Just a line");
+    EXPECT_EQ(grid.LinkOf(1), "");
+    EXPECT_EQ(grid.LinkOf(2), "");
+    const auto click = [&](int row) {
+        wxGridEvent event(grid.GetId(), wxEVT_GRID_CELL_LEFT_CLICK, &grid, row, 1);
+        grid.GetEventHandler()->ProcessEvent(event);
+    };
+    auto& tabs = test.Find<wxBookCtrlBase>("tbsMain");
+    click(1);
+    click(2);
+    EXPECT_EQ(tabs.GetSelection(), 0);
+    click(0);
+    EXPECT_EQ(tabs.GetSelection(), 2);
+    EXPECT_EQ(test.Find<BrowserPane>("webNews").Address(), "http://127.0.0.1:9/first.html");
+}
+
+} // namespace
+} // namespace velmo::test

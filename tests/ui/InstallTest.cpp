@@ -1,0 +1,154 @@
+#include "equipment/EquipmentList.h"
+#include "platform/MFile.h"
+#include "sample/EquipmentDatabaseFile.h"
+#include "sample/SetupPayload.h"
+#include "tests/ui/WindowUnderTest.h"
+#include "ui/ProgressPicture.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/textctrl.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+namespace velmo::test
+{
+namespace
+{
+
+namespace MFile = platform::MFile;
+
+constexpr char kList[] = "[Manufver General]\r\nServer Address HTTP=%SERVER%\r\n"
+                         "[Birchmere]\r\nMDBSetupFileSize=700000\r\n"
+                         "1ManufacturerName=Birchmere Comfort\r\n1MDBFilename=birchmere1.mdb\r\n"
+                         "1ReleaseDate=3/4/2026\r\n";
+constexpr char kSetupPath[] = "/pub/mervala/mdb/birchmere.exe";
+constexpr std::size_t kSetupSize = 700'000;
+
+std::string DatabaseOf(std::chrono::year_month_day released)
+{
+    return sample::EquipmentDatabaseFile("birchmere1.mdb", released);
+}
+
+/// A real setup that installs the database of that date.
+std::string SetupOf(std::chrono::year_month_day released)
+{
+    const auto program = MFile::ReadAll(MFile::FromCommandLine(VELMO_SETUP_PROGRAM));
+    EXPECT_TRUE(program);
+    return sample::WithPayload(program.Value(), {{"birchmere1.mdb", DatabaseOf(released)}},
+                               kSetupSize);
+}
+
+class InstallTest : public testing::Test
+{
+  protected:
+    InstallTest()
+    {
+        using namespace std::chrono;
+        std::string list = kList;
+        list.replace(list.find("%SERVER%"), 8, m_desktop.server.Url(""));
+        m_desktop.ServeLists("[News Headlines]\r\n");
+        m_desktop.server.Serve("/pub/demo/manufver.ini", list);
+        m_desktop.desktop.Write("Common\\birchmere1.mdb", DatabaseOf(2025y / 1 / 2));
+        m_desktop.WriteSettings("[Miscellaneous]\r\nAutoConnect=0 'False\r\n");
+    }
+
+    /// The text of the only row's cell.
+    std::string Cell(WindowUnderTest& test, EquipmentColumn column) const
+    {
+        return test.manager.Equipment().Grid().Text(0, column);
+    }
+
+    /// Fetches, ticks what needs an update and presses "&Install..."; in the dialog, does what
+    /// @a person does. Returns when the dialog has closed.
+    void Install(WindowUnderTest& test, const std::function<void(wxWindow&)>& person)
+    {
+        test.window->Open("");
+        test.manager.FetchLists();
+        ASSERT_EQ(test.manager.Counts().databases, 1);
+        ASSERT_EQ(Cell(test, EquipmentColumn::DatabaseInstalled), "1/2/2025");
+        ASSERT_EQ(Cell(test, EquipmentColumn::DatabaseNeedsUpdate), "Yes");
+        for (const MarkCommand& command : kMarkCommands)
+        {
+            if (command.caption == "Mark All Databases that Need Updating")
+            {
+                test.manager.Equipment().Grid().Run(command);
+            }
+        }
+        WhenShown(test, person);
+        test.Press("cmdInstallMDBs");
+    }
+
+    void WhenShown(WindowUnderTest& test, const std::function<void(wxWindow&)>& person)
+    {
+        test.loop.After(std::chrono::milliseconds(20), [this, &test, person] {
+            wxWindow* dialog = wxWindow::FindWindowByName("frmInstallMDB");
+            if (dialog == nullptr || !dialog->IsShown())
+            {
+                WhenShown(test, person);
+                return;
+            }
+            person(*dialog);
+        });
+    }
+
+    static void Press(wxWindow& dialog, const char* name)
+    {
+        wxWindow* button = wxWindow::FindWindowByName(name, &dialog);
+        wxCommandEvent click(wxEVT_BUTTON, button->GetId());
+        click.SetEventObject(button);
+        button->GetEventHandler()->ProcessEvent(click);
+    }
+
+    WindowDesktop m_desktop;
+};
+
+TEST_F(InstallTest, WhatIsTickedIsDownloadedInstalledAndShownAsInstalled)
+{
+    using namespace std::chrono;
+    m_desktop.server.Serve(kSetupPath, SetupOf(2026y / 3 / 4));
+    WindowUnderTest test;
+    std::string lines;
+    std::string overall;
+    Install(test, [&](wxWindow& dialog) {
+        Press(dialog, "cmdStart");
+        overall = dynamic_cast<ProgressPicture&>(*wxWindow::FindWindowByName("picOverall", &dialog))
+                      .Text()
+                      .utf8_string();
+        lines = dynamic_cast<wxTextCtrl&>(*wxWindow::FindWindowByName("txtStatus", &dialog))
+                    .GetValue()
+                    .utf8_string();
+        Press(dialog, "cmdCancel");
+    });
+    EXPECT_EQ(overall, "Finished");
+    EXPECT_NE(lines.find("Number of files actually downloaded and installed: 1"), std::string::npos)
+        << lines;
+    test.WaitFor("the setup's end and the second look",
+                 [&] { return Cell(test, EquipmentColumn::DatabaseInstalled) == "3/4/2026"; });
+    EXPECT_EQ(Cell(test, EquipmentColumn::DatabaseNeedsUpdate), "No");
+    EXPECT_EQ(test.manager.Counts().databases, 0);
+    EXPECT_EQ(m_desktop.Setting("SetupSettings", "NoHVACWizard"), "0 'False");
+    test.WaitFor("the download folder's end",
+                 [&] { return !MFile::FolderExists(m_desktop.desktop.Folder() + "Common\\Temp"); });
+}
+
+TEST_F(InstallTest, CancelDuringADownloadStartsNoSetupAndClosingWaitsForTheEnd)
+{
+    using namespace std::chrono;
+    m_desktop.server.Play(
+        kSetupPath, {FaultServer::Head(kSetupSize), FaultServer::Send("MZ"), FaultServer::Hold()});
+    WindowUnderTest test;
+    Install(test, [&](wxWindow& dialog) {
+        test.loop.After(milliseconds(200), [&dialog] { dialog.Close(); });
+        Press(dialog, "cmdStart");
+    });
+    EXPECT_EQ(wxWindow::FindWindowByName("frmInstallMDB"), nullptr);
+    EXPECT_EQ(Cell(test, EquipmentColumn::DatabaseInstalled), "1/2/2025");
+    EXPECT_EQ(m_desktop.Setting("SetupSettings", "NoHVACWizard"), "0 'False");
+    EXPECT_FALSE(MFile::FolderExists(m_desktop.desktop.Folder() + "Common\\Temp"));
+}
+
+} // namespace
+} // namespace velmo::test
