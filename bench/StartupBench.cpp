@@ -27,12 +27,12 @@ extern char** environ;
     same two lists and a program that does nothing: the sample desktop, 200 databases listed and 60 of
     them installed, all up to date.
 
-        startup_bench DATABASE SMALL WHOLE EMPTY             native programs, on a desktop of its own
-        startup_bench DATABASE SMALL WHOLE EMPTY LAY_OUT     Windows programs under Wine; LAY_OUT is
+        startup_bench SMALL WHOLE EMPTY             native programs, on a desktop of its own
+        startup_bench SMALL WHOLE EMPTY LAY_OUT     Windows programs under Wine; LAY_OUT is
                                                              velmo-sample-desktop.exe, for the prefix
                                                              that WINEPREFIX names
 
-    DATABASE is an Access file; SMALL is the program, WHOLE one with the windows linked into it.
+    SMALL is the program, WHOLE one with the windows linked into it.
  */
 namespace velmo
 {
@@ -43,7 +43,6 @@ namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
 constexpr int kRuns = 20;
-constexpr int kInstalled = 60;
 constexpr char kCaller[] = "STARTUP Chillersize 5";
 
 struct Cost
@@ -96,34 +95,21 @@ void Report(const char* name, const Words& words)
                 std::ranges::max(costs, {}, &Cost::megabytes).megabytes);
 }
 
-/// The vendor's lists, in which every database is older than the installed ones.
+/// The vendor's lists, in which every database is older than the installed one.
 void ServeLists(test::FaultServer& server)
 {
+    constexpr auto kLongAgo = std::chrono::year(1990) / 1 / 1;
     auto sections = sample::SampleEquipment();
     for (auto& section : sections)
     {
         for (auto& database : section.databases)
         {
-            database.released = std::chrono::year(1990) / 1 / 1;
+            database.released = kLongAgo;
         }
+        section.pictures.reset(); // Those of unknown age are always offered.
     }
     server.Serve("/pub/demo/version.ini", sample::VersionListText(server.Url("")));
     server.Serve("/pub/demo/manufver.ini", sample::ManufacturerListText(sections, server.Url("")));
-}
-
-void InstallDatabases(const fs::path& folder, const fs::path& database)
-{
-    int installed = 0;
-    for (const auto& section : sample::SampleEquipment())
-    {
-        for (const auto& listed : section.databases)
-        {
-            if (installed++ < kInstalled)
-            {
-                fs::copy_file(database, folder / listed.file, fs::copy_options::overwrite_existing);
-            }
-        }
-    }
 }
 
 std::string Root(bool underWine)
@@ -144,19 +130,23 @@ std::string Root(bool underWine)
 
 void Measure(const Words& arguments)
 {
-    const bool underWine = arguments.size() == 5;
+    const bool underWine = arguments.size() == 4;
     test::FaultServer server;
     ServeLists(server);
     const fs::path root = Root(underWine);
     if (underWine)
     {
-        Run({"wine", arguments[4], "--server", server.Url("")});
+        Run({"wine", arguments[3], "--server", server.Url("")});
     }
-    else if (const auto done = sample::LayOutSampleDesktop({.server = server.Url("")}); !done)
+    else
     {
-        throw std::runtime_error(done.Failure().description);
+        sample::SampleDesktopChoices choices;
+        choices.server = server.Url("");
+        if (const auto done = sample::LayOutSampleDesktop(choices); !done)
+        {
+            throw std::runtime_error(done.Failure().description);
+        }
     }
-    InstallDatabases(root / "drive_c/Velmo/Common", arguments[0]);
 
     const auto program = [underWine](const std::string& path, const std::string& commandLine) {
         Words words;
@@ -174,14 +164,14 @@ void Measure(const Words& arguments)
     Report("curl, both lists",
            {"curl", "-s", "-o", "/dev/null", server.Url("/pub/demo/version.ini"), "-o", "/dev/null",
             server.Url("/pub/demo/manufver.ini")});
-    Report("empty program", program(arguments[3], {}));
+    Report("empty program", program(arguments[2], {}));
     const int before = server.CountOf("/pub/demo/manufver.ini");
-    Report("silent run", program(arguments[1], kCaller));
+    Report("silent run", program(arguments[0], kCaller));
     if (server.CountOf("/pub/demo/manufver.ini") != before + kRuns + 1)
     {
         throw std::runtime_error("the program did not fetch the lists in each run");
     }
-    Report("silent run, windows linked in", program(arguments[2], kCaller));
+    Report("silent run, windows linked in", program(arguments[1], kCaller));
     if (!underWine)
     {
         fs::remove_all(root);
@@ -193,9 +183,9 @@ void Measure(const Words& arguments)
 
 int main(int argc, char** argv)
 {
-    if (argc < 5 || argc > 6)
+    if (argc < 4 || argc > 5)
     {
-        std::fprintf(stderr, "usage: startup_bench DATABASE SMALL WHOLE EMPTY [LAY_OUT]\n");
+        std::fprintf(stderr, "usage: startup_bench SMALL WHOLE EMPTY [LAY_OUT]\n");
         return 2;
     }
     try

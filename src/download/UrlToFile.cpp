@@ -76,8 +76,10 @@ Result<Done> UrlToFile::DownloadInTime(const std::string& url, const std::string
         return waiter.Outcome();
     }
     const auto bytes = read.Bytes()->First(waiter.Count());
+    // Lists are fetched anew in each program run.
     return platform::MFile::WriteAll(path,
-                                     {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+                                     {reinterpret_cast<const char*>(bytes.data()), bytes.size()},
+                                     platform::MFile::Keeping::Passing);
 }
 
 bool UrlToFile::TimeIsOver() const

@@ -113,11 +113,11 @@ EquipmentList::EquipmentList(std::string listPath, std::string defaultAddress,
       m_locator(locator), m_log(log), m_clock(std::move(clock))
 {}
 
-void EquipmentList::Refresh()
+void EquipmentList::Refresh(ServerValues values)
 {
     if (MFile::FileExists(m_listPath))
     {
-        auto list = ReadManufacturerList(m_listPath, m_defaultAddress, m_log);
+        auto list = ReadManufacturerList(m_listPath, m_defaultAddress, values, m_log);
         if (list)
         {
             m_list = std::move(list).Value();

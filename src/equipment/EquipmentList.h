@@ -34,7 +34,7 @@ class EquipmentList
                   Clock clock = std::chrono::system_clock::now);
 
     /// Reads the list and fills the grid. Without a list the grid keeps the rows that it has.
-    void Refresh();
+    void Refresh(ServerValues values = ServerValues::TakeOut);
 
     /// Fills the grid again from the list that was read last, to show what is installed by now.
     void InspectAgain();

@@ -16,9 +16,8 @@ namespace
 constexpr std::uint64_t kMostBytes = 16U << 20;
 constexpr const char* kGeneral = "Manufver General";
 
-/// Takes the server's values out of the file.
-EquipmentServer TakeServer(const std::string& path, const std::string& defaultAddress,
-                           DiagnosticLog& log)
+EquipmentServer ReadServer(const std::string& path, const std::string& defaultAddress,
+                           ServerValues values, DiagnosticLog& log)
 {
     CINIFileHandler list(log);
     list.AppProfileFileName(path);
@@ -27,7 +26,10 @@ EquipmentServer TakeServer(const std::string& path, const std::string& defaultAd
         list.MyGetAppProfileString(kGeneral, "Server Folder MDBs HTTP", "/pub/mervala/mdb/"),
         list.MyGetAppProfileString(kGeneral, "Server Folder Pictures HTTP", "/pub/mervala/pic/"),
     };
-    list.MyDeleteAppProfileSection(kGeneral);
+    if (values == ServerValues::TakeOut)
+    {
+        list.MyDeleteAppProfileSection(kGeneral);
+    }
     return server;
 }
 
@@ -41,9 +43,10 @@ const std::string& Value(const CSectionData& section, std::string_view key)
 } // namespace
 
 Result<ManufacturerList> ReadManufacturerList(const std::string& path,
-                                              const std::string& defaultAddress, DiagnosticLog& log)
+                                              const std::string& defaultAddress,
+                                              ServerValues values, DiagnosticLog& log)
 {
-    EquipmentServer server = TakeServer(path, defaultAddress, log);
+    EquipmentServer server = ReadServer(path, defaultAddress, values, log);
     const auto bytes = platform::MFile::ReadAll(path, kMostBytes);
     if (!bytes)
     {

@@ -29,13 +29,20 @@ struct ManufacturerList
     CSectionDataCollection sections;
 };
 
+/// What becomes of the values in the file that say where the setups are.
+enum class ServerValues
+{
+    TakeOut, ///< Only sections of equipment stay in the file.
+    Leave,   ///< The file is left alone, for another reader.
+};
+
 /**
-    Reads the list from its file. What says where the setups are is taken out of the file then, so that
-    only sections of equipment stay in it; a value that is missing has its default, the server's is
+    Reads the list from its file; a value that is missing has its default, the server's is
     @a defaultAddress. Errors: the file's (MFile.h), 223 when it is larger than 16 MiB.
  */
 [[nodiscard]] Result<ManufacturerList> ReadManufacturerList(const std::string& path,
                                                             const std::string& defaultAddress,
+                                                            ServerValues values,
                                                             DiagnosticLog& log);
 
 /// The section's group of pictures, to be inspected in @a pictureRoot (ends in "\"); nothing when it

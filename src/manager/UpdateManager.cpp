@@ -123,7 +123,8 @@ void UpdateManager::Download(std::string_view program)
 
 EquipmentCounts UpdateManager::CountEquipment()
 {
-    m_equipment.Refresh();
+    // The windows may read the list again, server and all.
+    m_equipment.Refresh(ServerValues::Leave);
     return {m_equipment.CountDatabasesThatNeedUpdate(), m_equipment.CountPicturesThatNeedUpdate()};
 }
 

@@ -48,9 +48,17 @@ Result<Done> SetModificationTime(std::string_view path, Time time);
 /// error 223 (too large) and is not read.
 [[nodiscard]] Result<std::string> ReadAll(std::string_view path, std::uint64_t most = 1U << 30);
 
+/// Whether a file has to survive a power failure, for which the disk is waited for.
+enum class Keeping
+{
+    Lasting,
+    Passing, ///< It goes with the program run.
+};
+
 /// Writes the file as a whole: a new file beside it first, then in its place, so that a failure
 /// leaves the old one as it was.
-Result<Done> WriteAll(std::string_view path, std::string_view bytes);
+Result<Done> WriteAll(std::string_view path, std::string_view bytes,
+                      Keeping keeping = Keeping::Lasting);
 
 /// Adds bytes at the file's end, creating it when needed.
 Result<Done> Append(std::string_view path, std::string_view bytes);

@@ -90,13 +90,28 @@ class Listings
     std::unordered_map<std::string, Listing> m_byFolder;
 };
 
+bool Exists(const fs::path& path)
+{
+    struct stat status
+    {};
+    return lstat(path.c_str(), &status) == 0;
+}
+
+/// Most paths are written as they are: one look instead of one per part.
+fs::path AsSpelt(fs::path path, const std::vector<std::string_view>& parts)
+{
+    for (const std::string_view part : parts)
+    {
+        path /= part;
+    }
+    return path;
+}
+
 void AppendPart(fs::path& path, std::string_view part)
 {
     static Listings listings;
     const fs::path exact = path / part;
-    struct stat status
-    {};
-    if (lstat(exact.c_str(), &status) == 0)
+    if (Exists(exact))
     {
         path = exact;
         return;
@@ -157,7 +172,12 @@ fs::path NativePath(std::string_view windowsPath)
         windowsPath.remove_prefix(2);
     }
     fs::path path = DesktopRoot() / (std::string("drive_") + drive);
-    for (const std::string_view part : Parts(windowsPath))
+    const std::vector<std::string_view> parts = Parts(windowsPath);
+    if (fs::path exact = AsSpelt(path, parts); Exists(exact))
+    {
+        return exact;
+    }
+    for (const std::string_view part : parts)
     {
         AppendPart(path, part);
     }

@@ -139,9 +139,9 @@ std::string FromCommandLine(std::string_view argument)
                                                   : fs::absolute(argument, error).string();
 }
 
-Result<Done> WriteAll(std::string_view path, std::string_view bytes)
+Result<Done> WriteAll(std::string_view path, std::string_view bytes, Keeping keeping)
 {
-    return ReplaceFile(NativePath(path), bytes);
+    return ReplaceFile(NativePath(path), bytes, keeping);
 }
 
 Result<Done> Append(std::string_view path, std::string_view bytes)

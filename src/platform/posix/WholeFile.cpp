@@ -30,7 +30,8 @@ fs::path TemporaryName(const fs::path& path)
     return path.string() + ".new-" + std::to_string(getpid()) + "-" + std::to_string(++count);
 }
 
-int WriteNewFile(const fs::path& path, std::string_view bytes, const fs::path& modeOf)
+int WriteNewFile(const fs::path& path, std::string_view bytes, const fs::path& modeOf,
+                 MFile::Keeping keeping)
 {
     const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFile));
     if (!file.IsOpen())
@@ -47,7 +48,8 @@ int WriteNewFile(const fs::path& path, std::string_view bytes, const fs::path& m
     {
         return failure;
     }
-    return fsync(file.Number()) == 0 ? 0 : errno;
+    const bool passing = keeping == MFile::Keeping::Passing;
+    return passing || fsync(file.Number()) == 0 ? 0 : errno;
 }
 
 } // namespace
@@ -66,10 +68,10 @@ int WriteBytes(int descriptor, std::string_view bytes)
     return 0;
 }
 
-Result<Done> ReplaceFile(const fs::path& path, std::string_view bytes)
+Result<Done> ReplaceFile(const fs::path& path, std::string_view bytes, MFile::Keeping keeping)
 {
     const fs::path temporary = TemporaryName(path);
-    int failure = WriteNewFile(temporary, bytes, path);
+    int failure = WriteNewFile(temporary, bytes, path, keeping);
     if (failure == 0 && std::rename(temporary.c_str(), path.c_str()) != 0)
     {
         failure = errno;
@@ -78,6 +80,10 @@ Result<Done> ReplaceFile(const fs::path& path, std::string_view bytes)
     {
         unlink(temporary.c_str());
         return SystemError(failure, path);
+    }
+    if (keeping == MFile::Keeping::Passing)
+    {
+        return Done{};
     }
     // The new name is on the disk only with its folder.
     const Descriptor folder(open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -110,7 +116,8 @@ Result<Done> EditFile(const fs::path& path,
     }
     const std::string oldBytes = old ? std::move(old).Value() : std::string();
     const std::string newBytes = edit(oldBytes);
-    return newBytes == oldBytes ? Result<Done>(Done{}) : ReplaceFile(path, newBytes);
+    return newBytes == oldBytes ? Result<Done>(Done{})
+                                : ReplaceFile(path, newBytes, MFile::Keeping::Lasting);
 }
 
 } // namespace velmo::platform

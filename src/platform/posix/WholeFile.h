@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/MFile.h"
 #include "platform/Result.h"
 
 #include <filesystem>
@@ -14,8 +15,9 @@ namespace velmo::platform
 [[nodiscard]] int WriteBytes(int descriptor, std::string_view bytes);
 
 /// Puts a file with these bytes in the place of @a path: whoever reads sees the old or the new one,
-/// also after a power cut. Keeps the old file's mode.
-[[nodiscard]] Result<Done> ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
+/// also after a power cut if it is a lasting one. Keeps the old file's mode.
+[[nodiscard]] Result<Done> ReplaceFile(const std::filesystem::path& path, std::string_view bytes,
+                                       MFile::Keeping keeping);
 
 /// Reads the file (a missing one is empty), lets @a edit make its new bytes and puts them in its
 /// place, with every other EditFile() in this folder held back meanwhile. Bytes that stay the same are

@@ -84,10 +84,11 @@ std::wstring TemporaryName(const std::wstring& path)
            std::to_wstring(++count);
 }
 
-bool WriteNewFile(const std::wstring& path, std::string_view bytes)
+bool WriteNewFile(const std::wstring& path, std::string_view bytes, Keeping keeping)
 {
     const File file(path, GENERIC_WRITE, CREATE_NEW);
-    return file.IsOpen() && file.Write(bytes) && FlushFileBuffers(file.Handle()) != FALSE;
+    return file.IsOpen() && file.Write(bytes) &&
+           (keeping == Keeping::Passing || FlushFileBuffers(file.Handle()) != FALSE);
 }
 
 } // namespace
@@ -157,13 +158,13 @@ std::string FromCommandLine(std::string_view argument)
     return std::string(argument);
 }
 
-Result<Done> WriteAll(std::string_view path, std::string_view bytes)
+Result<Done> WriteAll(std::string_view path, std::string_view bytes, Keeping keeping)
 {
     const std::wstring target = Wide(path);
     const std::wstring temporary = TemporaryName(target);
-    if (WriteNewFile(temporary, bytes) &&
-        MoveFileExW(temporary.c_str(), target.c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    const DWORD through = keeping == Keeping::Passing ? 0 : MOVEFILE_WRITE_THROUGH;
+    if (WriteNewFile(temporary, bytes, keeping) &&
+        MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | through))
     {
         return Done{};
     }
