@@ -24,6 +24,17 @@ class RecordedPrompts final : public UserPrompts
         std::string title;
     };
     std::vector<Notice> notices;
+
+    /// The notices as "title|text".
+    [[nodiscard]] std::vector<std::string> Lines() const
+    {
+        std::vector<std::string> lines;
+        for (const Notice& notice : notices)
+        {
+            lines.push_back(notice.title + "|" + notice.text);
+        }
+        return lines;
+    }
 };
 
 } // namespace velmo::test

@@ -48,7 +48,7 @@ TEST_F(ActionsTest, TheReminderComesFirstAndThenTheListedAddressOpens)
     WindowUnderTest test;
     Open(test, "Loadcalc 8");
     test.Press("cmdDownloadUpdate");
-    EXPECT_THAT(test.prompts.notices,
+    EXPECT_THAT(test.prompts.Lines(),
                 ElementsAre(StartsWith("Reminder to Close Open Programs|Once the download is "
                                        "finished, be sure to close this program")));
     EXPECT_THAT(test.opened, ElementsAre("http://setups.example/lc8.exe"));

@@ -188,7 +188,7 @@ TEST_F(UpdateWindowsTest, AfterOpeningTheNamedProgramsStatusIsToldAndTheOwnUpdat
     m_manager.Programs().List().Select(kProgram);
     m_manager.RunAfterOpening(StartupRequest(kProgram), m_windows);
     EXPECT_TRUE(m_manager.Lists().Succeeded());
-    EXPECT_THAT(m_prompts.notices,
+    EXPECT_THAT(m_prompts.Lines(),
                 testing::ElementsAre("Update Status Unknown|There was a problem in getting the "
                                      "update status for Loadcalc 8."));
     m_manager.RunAfterOpening(StartupRequest("Manufacturer Databases"), m_windows);

@@ -2,9 +2,9 @@
 
 #include "app/UpdateWindows.h"
 #include "app/frmMain.h"
-#include "controls/UserPrompts.h"
 #include "manager/UpdateManager.h"
 #include "tests/support/FaultServer.h"
+#include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
 #include "ui/WxMessageLoop.h"
 #include "ui/WxMousePointer.h"
@@ -18,18 +18,6 @@
 
 namespace velmo::test
 {
-
-/// Answers what the program asks, and remembers it.
-class RecordedPrompts final : public UserPrompts
-{
-  public:
-    void Notify(PromptIcon /*icon*/, const std::string& text, const std::string& title) override
-    {
-        notices.push_back(title + "|" + text);
-    }
-
-    std::vector<std::string> notices;
-};
 
 /// A desktop with a common folder, and a vendor's server that the machine's policy points to.
 class WindowDesktop
