@@ -18,6 +18,7 @@ constexpr char kWarning[] = "Please close the programs that use equipment databa
 constexpr char kMain[] = "Each selected file is downloaded and then installed in the background. "
                          "What happens is told below.";
 constexpr int kStatusLines = 14;
+constexpr int kTextWidth = 620; ///< Device-independent pixels.
 
 } // namespace
 
@@ -51,19 +52,19 @@ frmInstallMDB::~frmInstallMDB()
 
 void frmInstallMDB::CreateControls()
 {
-    const auto label = [this](const char* name, const char* text) {
+    const auto label = [this](const char* name, const char* text, const wxFont& font) {
         auto* line = new wxStaticText(this, wxID_ANY, text);
         line->SetName(name);
-        line->Wrap(FromDIP(600));
+        line->SetFont(font);
+        line->Wrap(FromDIP(kTextWidth));
         return line;
     };
-    wxStaticText* warning = label("lblWarning", kWarning);
-    warning->SetFont(warning->GetFont().Bold());
-    warning->Wrap(FromDIP(600));
+    wxStaticText* warning = label("lblWarning", kWarning, GetFont().Bold());
+    wxStaticText* main = label("lblMain", kMain, GetFont());
     m_status = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxTE_MULTILINE | wxTE_READONLY);
     m_status->SetName("txtStatus");
-    m_status->SetMinSize(wxSize(FromDIP(640), kStatusLines * m_status->GetCharHeight()));
+    m_status->SetMinSize(wxSize(FromDIP(kTextWidth), kStatusLines * m_status->GetCharHeight()));
     m_current = new ProgressPicture(this, "picCurrent");
     m_overall = new ProgressPicture(this, "picOverall");
     m_start = new wxButton(this, wxID_ANY, "&Start");
@@ -87,7 +88,7 @@ void frmInstallMDB::CreateControls()
     const wxSizerFlags line = wxSizerFlags().Expand().Border(wxALL, FromDIP(8));
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(warning, line);
-    sizer->Add(label("lblMain", kMain), line);
+    sizer->Add(main, line);
     sizer->Add(bars, line);
     sizer->Add(m_status, wxSizerFlags(line).Proportion(1));
     sizer->Add(buttons, line);
