@@ -5,6 +5,10 @@
 #include "sample/EquipmentDatabaseFile.h"
 #include "settings/DiagnosticLog.h"
 #include "tests/support/TemporaryDesktop.h"
+#include "ui/Grid.h"
+
+#include <wx/app.h>
+#include <wx/frame.h>
 
 #include <algorithm>
 #include <array>
@@ -17,8 +21,9 @@
 
 /**
     How long filling the equipment grid takes for a list of 5,000 databases, and of 50,000: reading the
-    list, looking at the 3 of 10 that are installed (Access files in a warm cache) and working out what
-    a window asks of the grid. The bars: 600 ms, and 12 times as long for ten times as many.
+    list, looking at the 3 of 10 that are installed (Access files in a warm cache), sizing the columns
+    and painting the grid in its window (needs a display). The bars: 600 ms, and 12 times as long for
+    ten times as many.
  */
 namespace
 {
@@ -78,7 +83,7 @@ void Install(std::size_t databases, const fs::path& folder, const std::string& o
     }
 }
 
-double Milliseconds(std::size_t databases)
+double Milliseconds(std::size_t databases, wxFrame& frame)
 {
     const test::TemporaryDesktop desktop;
     NoPrompts prompts;
@@ -93,17 +98,15 @@ double Milliseconds(std::size_t databases)
     const std::string list = desktop.Write("manufver.ini", ListText(databases));
 
     EquipmentList equipment(list, "", locator, log);
+    auto* grid = new Grid(&frame, equipment.Grid().Model(), [](std::size_t, std::size_t) {});
+    grid->SetSize(frame.GetClientSize());
+    wxYield();
     std::vector<double> times;
     for (int round = 0; round < kRounds; ++round)
     {
         const auto start = std::chrono::steady_clock::now();
         equipment.Refresh();
-        const GridModel& grid = equipment.Grid().Model();
-        for (std::size_t column = 0; column < grid.Columns().size(); ++column)
-        {
-            (void)grid.LongestText(column).size();
-            (void)grid.SpanAt(grid.Rows().size() / 2, column);
-        }
+        grid->Update();
         const std::chrono::duration<double, std::milli> took =
             std::chrono::steady_clock::now() - start;
         times.push_back(took.count());
@@ -112,15 +115,33 @@ double Milliseconds(std::size_t databases)
     std::printf("%6zu databases, %6d need an update: %8.1f ms (median of %d; least %.1f)\n",
                 equipment.Grid().Model().Rows().size(), equipment.CountDatabasesThatNeedUpdate(),
                 times[kRounds / 2], kRounds, times.front());
+    grid->Destroy();
     return times[kRounds / 2];
 }
 
+/// The toolkit's program: measures, prints and ends.
+class Bench final : public wxApp
+{
+  public:
+    bool OnInit() override { return true; }
+
+    int OnRun() override
+    {
+        auto* frame = new wxFrame(nullptr, wxID_ANY, "Equipment", wxPoint(0, 0), wxSize(1000, 700));
+        frame->Show();
+        wxYield();
+        const double few = Milliseconds(5'000, *frame);
+        const double many = Milliseconds(50'000, *frame);
+        std::printf("ratio %.1f\n", many / few);
+        frame->Destroy();
+        return 0;
+    }
+};
+
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
-    const double few = Milliseconds(5'000);
-    const double many = Milliseconds(50'000);
-    std::printf("ratio %.1f\n", many / few);
-    return 0;
+    wxApp::SetInstance(new Bench);
+    return wxEntry(argc, argv);
 }
