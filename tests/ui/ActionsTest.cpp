@@ -1,4 +1,6 @@
 #include "app/ProgramsPage.h"
+#include "platform/Processes.h"
+#include "tests/support/FakeBrowser.h"
 #include "tests/ui/WindowUnderTest.h"
 #include "ui/BrowserPane.h"
 #include "ui/LinkGrid.h"
@@ -15,7 +17,6 @@ namespace
 {
 
 using testing::ElementsAre;
-using testing::StartsWith;
 
 constexpr char kVersionList[] =
     "[Loadcalc 8]\r\nMajor=8\r\nDemo URL= http://setups.example/lc8.exe \r\n"
@@ -47,17 +48,24 @@ class ActionsTest : public testing::Test
 
 TEST_F(ActionsTest, TheReminderComesFirstAndThenTheListedAddressOpens)
 {
-    WindowUnderTest test;
+    const FakeBrowser browser(m_desktop.desktop);
+    WindowUnderTest test(platform::OpenThroughShell);
     Open(test, "Loadcalc 8");
-    test.Press("cmdDownloadUpdate");
-    EXPECT_THAT(test.prompts.Lines(),
-                ElementsAre(StartsWith("Reminder to Close Open Programs|Once the download is "
-                                       "finished, be sure to close this program")));
-    EXPECT_THAT(test.opened, ElementsAre("http://setups.example/lc8.exe"));
-    test.Press("cmdGoToUpdatePage");
-    test.Press("cmdGoToInfoPage");
-    EXPECT_EQ(test.opened[1], Server("/web/hvacr/loadcalc8_ver.html"));
-    EXPECT_EQ(test.opened[2], Server("/web/hvacr/loadcalc_info.html"));
+    const auto opensAfter = [&](const char* button) {
+        const std::size_t before = browser.Opened().size();
+        test.Press(button);
+        test.WaitFor(button, [&] { return browser.Opened().size() > before; });
+        return browser.Opened().back();
+    };
+    EXPECT_EQ(opensAfter("cmdDownloadUpdate"), "http://setups.example/lc8.exe");
+    EXPECT_THAT(
+        test.prompts.Lines(),
+        ElementsAre("Reminder to Close Open Programs|Once the download is finished, be sure to "
+                    "close this program (Update Manager) as well as any other programs you have "
+                    "open, especially the program you are about to download, before actually "
+                    "running the setup."));
+    EXPECT_EQ(opensAfter("cmdGoToUpdatePage"), Server("/web/hvacr/loadcalc8_ver.html"));
+    EXPECT_EQ(opensAfter("cmdGoToInfoPage"), Server("/web/hvacr/loadcalc_info.html"));
 }
 
 TEST_F(ActionsTest, AnAddressThatIsNoWebAddressIsNotOpened)

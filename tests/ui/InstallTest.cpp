@@ -77,29 +77,8 @@ class InstallTest : public testing::Test
                 test.manager.Equipment().Grid().Run(command);
             }
         }
-        WhenShown(test, person);
+        WhenShown(test.loop, "frmInstallMDB", person);
         test.Press("cmdInstallMDBs");
-    }
-
-    void WhenShown(WindowUnderTest& test, const std::function<void(wxWindow&)>& person)
-    {
-        test.loop.After(std::chrono::milliseconds(20), [this, &test, person] {
-            wxWindow* dialog = wxWindow::FindWindowByName("frmInstallMDB");
-            if (dialog == nullptr || !dialog->IsShown())
-            {
-                WhenShown(test, person);
-                return;
-            }
-            person(*dialog);
-        });
-    }
-
-    static void Press(wxWindow& dialog, const char* name)
-    {
-        wxWindow* button = wxWindow::FindWindowByName(name, &dialog);
-        wxCommandEvent click(wxEVT_BUTTON, button->GetId());
-        click.SetEventObject(button);
-        button->GetEventHandler()->ProcessEvent(click);
     }
 
     WindowDesktop m_desktop;
@@ -114,12 +93,8 @@ TEST_F(InstallTest, WhatIsTickedIsDownloadedInstalledAndShownAsInstalled)
     std::string overall;
     Install(test, [&](wxWindow& dialog) {
         Press(dialog, "cmdStart");
-        overall = dynamic_cast<ProgressPicture&>(*wxWindow::FindWindowByName("picOverall", &dialog))
-                      .Text()
-                      .utf8_string();
-        lines = dynamic_cast<wxTextCtrl&>(*wxWindow::FindWindowByName("txtStatus", &dialog))
-                    .GetValue()
-                    .utf8_string();
+        overall = Find<ProgressPicture>(dialog, "picOverall").Text().utf8_string();
+        lines = Find<wxTextCtrl>(dialog, "txtStatus").GetValue().utf8_string();
         Press(dialog, "cmdCancel");
     });
     EXPECT_EQ(overall, "Finished");

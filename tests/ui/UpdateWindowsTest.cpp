@@ -8,10 +8,9 @@
 
 #include <wx/checkbox.h>
 #include <wx/radiobut.h>
-#include <wx/stattext.h>
 
 #include <functional>
-#include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace velmo::test
@@ -25,46 +24,9 @@ constexpr char kProgram[] = "Loadcalc 8";
 class UpdateWindowsTest : public testing::Test
 {
   protected:
-    /// Once the modal window of that name is shown, hands it to @a person.
     void WhenShown(const char* name, std::function<void(wxWindow&)> person)
     {
-        m_loop.After(std::chrono::milliseconds(20), [this, name, person] {
-            wxWindow* window = wxWindow::FindWindowByName(name);
-            if (window == nullptr || !window->IsShown())
-            {
-                WhenShown(name, person);
-                return;
-            }
-            person(*window);
-        });
-    }
-
-    template <typename Control>
-    static Control& Find(wxWindow& window, const char* name)
-    {
-        auto* control = dynamic_cast<Control*>(wxWindow::FindWindowByName(name, &window));
-        if (control == nullptr)
-        {
-            throw std::runtime_error(std::string("no control ") + name);
-        }
-        return *control;
-    }
-
-    static void Press(wxWindow& window, const char* name)
-    {
-        auto& button = Find<wxButton>(window, name);
-        ASSERT_TRUE(button.IsEnabled()) << name;
-        wxCommandEvent click(wxEVT_BUTTON, button.GetId());
-        click.SetEventObject(&button);
-        button.GetEventHandler()->ProcessEvent(click);
-    }
-
-    static std::string Text(wxWindow& window, const char* name)
-    {
-        // Wrapping puts line breaks in the place of blanks.
-        wxString text = Find<wxStaticText>(window, name).GetLabel();
-        text.Replace("\n", " ");
-        return text.utf8_string();
+        test::WhenShown(m_loop, name, std::move(person));
     }
 
     WindowDesktop m_desktop;
@@ -83,7 +45,24 @@ TEST_F(UpdateWindowsTest, OptionsAreWrittenByOkAndByNothingElse)
 {
     WhenShown("frmUpdateOptions", [](wxWindow& window) {
         EXPECT_EQ(window.GetLabel(), "Loadcalc 8 - Update Options");
-        EXPECT_EQ(Text(window, "lblInstructions"), "Each time I start Loadcalc 8...");
+        const struct
+        {
+            const char* control;
+            const char* text;
+        } texts[] = {
+            {"fraMain", "Options"},
+            {"lblInstructions", "Each time I start Loadcalc 8..."},
+            {"optStartup0", "Ask me whether I want to check for an update."},
+            {"optStartup1", "Check for an update automatically, behind the scenes."},
+            {"optStartup2", "Don't check for an update."},
+            {"chkHVACNotify",
+             "Check for HVAC equipment and picture updates automatically, behind the scenes"},
+            {"cmdCancel", "Cancel"},
+        };
+        for (const auto& row : texts)
+        {
+            EXPECT_EQ(TextOf(window, row.control), row.text);
+        }
         EXPECT_FALSE(Find<wxRadioButton>(window, "optStartup0").IsEnabled());
         EXPECT_TRUE(Find<wxRadioButton>(window, "optStartup1").GetValue());
         Find<wxRadioButton>(window, "optStartup2").SetValue(true);
@@ -123,25 +102,61 @@ TEST_F(UpdateWindowsTest, AProgramThatAllowsAskingOffersThatChoiceAndTheListShow
     EXPECT_EQ(m_desktop.Setting(kProgram, "NotifyOfHVACEquipmentUpdateOnStartup"), "1 'True");
 }
 
-TEST_F(UpdateWindowsTest, TheQuestionStaysOpenForOptionsAndIsAnsweredByYesOrNo)
+TEST_F(UpdateWindowsTest, EachQuestionIsAskedStaysOpenForOptionsAndIsAnsweredByYesOrNo)
 {
+    const struct
+    {
+        StartupFindings findings;
+        const char* text;
+    } rows[] = {
+        {{true, "", "", {17, 3}},
+         "An update is available for Loadcalc 8, and updates are also available for 17 of the HVAC "
+         "equipment databases that you have installed, and 3 of the HVAC equipment picture groups "
+         "that you have installed.  Would you like to see the list of available updates?"},
+        {{true, "", "", {1, 0}},
+         "An update is available for Loadcalc 8, and updates are also available for 1 of the HVAC "
+         "equipment databases that you have installed.  Would you like to see the list of "
+         "available updates?"},
+        {{true, "", "", {0, 1}},
+         "An update is available for Loadcalc 8, and updates are also available for 1 of the HVAC "
+         "equipment picture groups that you have installed.  Would you like to see the list of "
+         "available updates?"},
+        {{false, "", "", {17, 3}},
+         "Updates are available for 17 of the HVAC equipment databases that you have installed, "
+         "and 3 of the HVAC equipment picture groups that you have installed.  Would you like to "
+         "see the list of available updates?"},
+        {{false, "", "", {17, 0}},
+         "Updates are available for 17 of the HVAC equipment databases that you have installed.  "
+         "Would you like to see the list of available updates?"},
+        {{false, "", "", {0, 3}},
+         "Updates are available for 3 of the HVAC equipment picture groups that you have "
+         "installed.  Would you like to see the list of available updates?"},
+    };
     const StartupRequest request("STARTUP Loadcalc 8");
-    const std::string question = StartupQuestion({true, "8.02.14", "8.02.15", {3, 2}}, kProgram);
-    WhenShown("frmUpdateMessage", [&](wxWindow& window) {
-        EXPECT_EQ(window.GetLabel(), "View Available Updates?");
-        WhenShown("frmUpdateOptions", [](wxWindow& options) { Press(options, "cmdOK"); });
-        Press(window, "cmdOptions");
-        EXPECT_EQ(m_desktop.Setting(kProgram, "CheckForUpdateOnStartupOption"), "1");
-        EXPECT_TRUE(window.IsShown());
-        std::string shown = Text(window, "lblInstructions");
-        EXPECT_NE(shown.find("for 3 of the HVAC equipment databases"), std::string::npos) << shown;
-        Press(window, "cmdYes");
-    });
-    EXPECT_EQ(m_windows.AskToViewUpdates(request, question), QuestionAnswer::Yes);
-    WhenShown("frmUpdateMessage", [](wxWindow& window) { Press(window, "cmdNo"); });
-    EXPECT_EQ(m_windows.AskToViewUpdates(request, question), QuestionAnswer::No);
-    WhenShown("frmUpdateMessage", [](wxWindow& window) { window.Close(); });
-    EXPECT_EQ(m_windows.AskToViewUpdates(request, question), QuestionAnswer::No);
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.text);
+        const std::string question = StartupQuestion(row.findings, kProgram);
+        const auto answerAfter = [&](std::function<void(wxWindow&)> person) {
+            WhenShown("frmUpdateMessage", std::move(person));
+            return m_windows.AskToViewUpdates(request, question);
+        };
+        EXPECT_EQ(answerAfter([&](wxWindow& window) {
+                      EXPECT_EQ(window.GetLabel(), "View Available Updates?");
+                      EXPECT_EQ(TextOf(window, "lblInstructions"), row.text);
+                      WhenShown("frmUpdateOptions",
+                                [](wxWindow& options) { Press(options, "cmdOK"); });
+                      Press(window, "cmdOptions");
+                      EXPECT_TRUE(window.IsShown());
+                      EXPECT_EQ(TextOf(window, "lblInstructions"), row.text);
+                      Press(window, "cmdYes");
+                  }),
+                  QuestionAnswer::Yes);
+        EXPECT_EQ(answerAfter([](wxWindow& window) { Press(window, "cmdNo"); }),
+                  QuestionAnswer::No);
+        EXPECT_EQ(answerAfter([](wxWindow& window) { window.Close(); }), QuestionAnswer::No);
+    }
+    EXPECT_EQ(m_desktop.Setting(kProgram, "CheckForUpdateOnStartupOption"), "1");
     EXPECT_NE(m_desktop.Setting("Update Message", "Left"), "(none)");
 }
 
@@ -151,11 +166,14 @@ TEST_F(UpdateWindowsTest, TheUpdateDialogTellsOffersAndLeadsOn)
     m_pointer.SetShape(PointerShape::Hourglass);
     WhenShown("frmUpdateDialog", [this](wxWindow& window) {
         EXPECT_EQ(m_pointer.Shape(), PointerShape::Normal);
-        EXPECT_EQ(Text(window, "lblProgram"), kProgram);
-        EXPECT_EQ(Text(window, "lblInstalledVersion"), "8.02.14");
-        EXPECT_EQ(Text(window, "lblLatestVersion"), "8.02.15");
-        EXPECT_EQ(Find<wxButton>(window, "cmdUpdateOptions").GetLabel(),
-                  "Loadcalc 8 Update Options...");
+        EXPECT_EQ(TextOf(window, "lblProgram"), kProgram);
+        EXPECT_EQ(TextOf(window, "lblInstalledVersion"), "8.02.14");
+        EXPECT_EQ(TextOf(window, "lblLatestVersion"), "8.02.15");
+        EXPECT_EQ(TextOf(window, "lblInstructions"),
+                  "An update for Loadcalc 8 is available.  Click the Download Update button to "
+                  "download the setup file for this update.  Be sure to close Loadcalc 8 before "
+                  "installing the update.");
+        EXPECT_EQ(TextOf(window, "cmdUpdateOptions"), "Loadcalc 8 Update Options...");
         Press(window, "cmdGoToUpdatePage");
         WhenShown("frmUpdateOptions", [](wxWindow& options) { Press(options, "cmdCancel"); });
         Press(window, "cmdUpdateOptions");
@@ -200,14 +218,11 @@ TEST(AboutTest, TellsWhatTheProgramSaysOfItself)
 {
     const frmAbout about(
         nullptr, {"Velmo Software Update Manager", "1.02.0005", "What & why", "Copyright 2026"});
-    const auto label = [&about](const char* name) {
-        return wxControl::RemoveMnemonics(wxWindow::FindWindowByName(name, &about)->GetLabel());
-    };
     EXPECT_EQ(about.GetTitle(), "About Velmo Software Update Manager");
-    EXPECT_EQ(label("lblTitle"), "Velmo Software Update Manager");
-    EXPECT_EQ(label("lblVersion"), "Version 1.02.5");
-    EXPECT_EQ(label("lblDescription"), "What & why");
-    EXPECT_EQ(label("lblCopyright"), "Copyright 2026");
+    EXPECT_EQ(TextOf(about, "lblTitle"), "Velmo Software Update Manager");
+    EXPECT_EQ(TextOf(about, "lblVersion"), "Version 1.02.5");
+    EXPECT_EQ(TextOf(about, "lblDescription"), "What & why");
+    EXPECT_EQ(TextOf(about, "lblCopyright"), "Copyright 2026");
     EXPECT_EQ(VersionLabel("12.3.0"), "Version 12.03.0");
     EXPECT_EQ(VersionLabel("x"), "Version 0.00.0");
     EXPECT_FALSE(OwnInformation().title.empty());

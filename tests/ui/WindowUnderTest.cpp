@@ -3,12 +3,9 @@
 #include "platform/MFile.h"
 #include "platform/PrivateProfile.h"
 
-#include <gtest/gtest.h>
-
 #include <wx/app.h>
 
-#include <chrono>
-#include <stdexcept>
+#include <utility>
 
 namespace velmo::test
 {
@@ -37,12 +34,15 @@ void WindowDesktop::WriteSettings(std::string_view text) const
 }
 
 WindowUnderTest::WindowUnderTest()
-    : manager(loop, prompts, pointer,
-              [this](const std::string& address) -> Result<Done> {
-                  opened.push_back(address);
-                  return Done{};
-              }),
-      windows(manager, prompts, pointer), window(new frmMain(manager, windows, loop))
+    : WindowUnderTest([this](const std::string& address) -> Result<Done> {
+          opened.push_back(address);
+          return Done{};
+      })
+{}
+
+WindowUnderTest::WindowUnderTest(AddressOpener::Shell shell)
+    : manager(loop, prompts, pointer, std::move(shell)), windows(manager, prompts, pointer),
+      window(new frmMain(manager, windows, loop))
 {}
 
 WindowUnderTest::~WindowUnderTest()
@@ -58,38 +58,6 @@ WindowUnderTest::~WindowUnderTest()
 bool WindowUnderTest::IsClosed() const
 {
     return !wxTopLevelWindows.Find(window) || window->IsBeingDeleted();
-}
-
-void WindowUnderTest::Wait(const char* what, const std::function<bool()>& done)
-{
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (!done())
-    {
-        if (std::chrono::steady_clock::now() > end)
-        {
-            throw std::runtime_error(std::string("did not happen: ") + what);
-        }
-        loop.WaitAndYield(std::chrono::milliseconds(20));
-    }
-}
-
-wxWindow* WindowUnderTest::FindWindow(const char* name)
-{
-    wxWindow* found = wxWindow::FindWindowByName(name, window);
-    if (found == nullptr)
-    {
-        throw std::runtime_error(std::string("no control ") + name);
-    }
-    return found;
-}
-
-void WindowUnderTest::Press(const char* name)
-{
-    auto& button = Find<wxButton>(name);
-    ASSERT_TRUE(button.IsEnabled()) << name;
-    wxCommandEvent click(wxEVT_BUTTON, button.GetId());
-    click.SetEventObject(&button);
-    button.GetEventHandler()->ProcessEvent(click);
 }
 
 } // namespace velmo::test

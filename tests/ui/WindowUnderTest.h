@@ -6,12 +6,14 @@
 #include "tests/support/FaultServer.h"
 #include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
+#include "tests/ui/Person.h"
 #include "ui/WxMessageLoop.h"
 #include "ui/WxMousePointer.h"
 
 #include <wx/button.h>
 #include <wx/frame.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -45,24 +47,25 @@ class WindowUnderTest
 {
   public:
     WindowUnderTest();
+    /// With a shell that opens addresses itself.
+    explicit WindowUnderTest(AddressOpener::Shell shell);
     ~WindowUnderTest();
 
-    /// Lets the loop run until @a done; fails the test after 20 seconds.
-    template <typename Predicate>
-    void WaitFor(const char* what, Predicate done)
+    /// As the function of that name.
+    void WaitFor(const char* what, const std::function<bool()>& done)
     {
-        Wait(what, done);
+        test::WaitFor(loop, what, done);
     }
 
-    /// The control of that name; the test fails when there is none.
+    /// The window's control of that name.
     template <typename Control>
     Control& Find(const char* name)
     {
-        return *dynamic_cast<Control*>(FindWindow(name));
+        return test::Find<Control>(*window, name);
     }
 
     /// Presses a button as its click does.
-    void Press(const char* name);
+    void Press(const char* name) { test::Press(*window, name); }
 
     [[nodiscard]] bool IsClosed() const;
 
@@ -73,10 +76,6 @@ class WindowUnderTest
     UpdateManager manager;
     UpdateWindows windows;
     frmMain* window;
-
-  private:
-    void Wait(const char* what, const std::function<bool()>& done);
-    wxWindow* FindWindow(const char* name);
 };
 
 } // namespace velmo::test

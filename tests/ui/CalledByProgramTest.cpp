@@ -1,0 +1,121 @@
+#include "platform/MFile.h"
+#include "platform/Processes.h"
+#include "sample/EquipmentDatabaseFile.h"
+#include "sample/SampleImage.h"
+#include "tests/support/OtherWindow.h"
+#include "tests/ui/WindowUnderTest.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace velmo::test
+{
+namespace
+{
+
+namespace MFile = platform::MFile;
+
+constexpr char kQuestion[] = "View Available Updates?";
+constexpr char kNotice[] = "Update Available";
+constexpr char kMainWindow[] = "Velmo Software Update Manager";
+
+/// Another of the vendor's programs starts the real update manager, in a process of its own.
+class CalledByProgramTest : public testing::Test
+{
+  protected:
+    CalledByProgramTest()
+    {
+        using namespace std::chrono;
+        m_desktop.desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.desktop.Folder());
+        m_desktop.desktop.Write(
+            "Loadcalc8.exe",
+            sample::WriteSampleImage({"Loadcalc", "Loadcalc", "Loadcalc8.exe", {8, 2, 15}}));
+        m_desktop.desktop.Write("Common\\birchmere1.mdb",
+                                sample::EquipmentDatabaseFile("birchmere1.mdb", 2025y / 1 / 2));
+        m_desktop.WriteSettings("[Miscellaneous]\r\nAutoConnect=0 'False\r\n[Loadcalc 8]\r\n"
+                                "NotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
+    }
+
+    /// What the vendor has: that revision of the program, and the database of that date.
+    void Publish(const char* revision, const char* released)
+    {
+        m_desktop.ServeLists(std::string("[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=") +
+                             revision + "\r\n");
+        m_desktop.server.Serve("/pub/demo/manufver.ini",
+                               std::string("[Birchmere]\r\n1ManufacturerName=Birchmere Comfort\r\n"
+                                           "1MDBFilename=birchmere1.mdb\r\n1ReleaseDate=") +
+                                   released + "\r\n");
+    }
+
+    static platform::StartedProgram StartLoadcalc()
+    {
+        const auto started = platform::StartProgram(
+            MFile::FromCommandLine(VELMO_SAMPLE_PROGRAM),
+            "--wait --update-manager " + MFile::FromCommandLine(VELMO_PROGRAM) + " Loadcalc 8",
+            platform::WindowState::Normal);
+        if (!started)
+        {
+            throw std::runtime_error(started.Failure().description);
+        }
+        return started.Value();
+    }
+
+    void Await(const char* title)
+    {
+        WaitFor(m_loop, title, [title] { return IsOnScreen(title); });
+    }
+
+    int ExitCodeOf(const platform::StartedProgram& program)
+    {
+        WaitFor(m_loop, "the program's end", [&program] { return !program.IsRunning(); });
+        return program.ExitCode().value_or(-1);
+    }
+
+    WindowDesktop m_desktop;
+    WxMessageLoop m_loop;
+};
+
+TEST_F(CalledByProgramTest, WithoutUpdatesThePersonSeesNothing)
+{
+    Publish("15", "1/2/2025");
+    EXPECT_EQ(ExitCodeOf(StartLoadcalc()), 0);
+    EXPECT_EQ(m_desktop.server.CountOf("/pub/demo/manufver.ini"), 1);
+    EXPECT_EQ(m_desktop.Setting("Update Message", "Left"), "(none)") << "no window had a place";
+}
+
+TEST_F(CalledByProgramTest, AnUpdateOfTheProgramAloneIsTold)
+{
+    Publish("16", "1/2/2025");
+    const auto program = StartLoadcalc();
+    Await(kNotice);
+    EXPECT_FALSE(IsOnScreen(kMainWindow));
+    PressButton(kNotice, 'c');
+    EXPECT_EQ(ExitCodeOf(program), 0);
+}
+
+TEST_F(CalledByProgramTest, EquipmentUpdatesAreAskedAboutAndNoEndsIt)
+{
+    Publish("15", "3/4/2026");
+    const auto program = StartLoadcalc();
+    Await(kQuestion);
+    EXPECT_FALSE(IsOnScreen(kMainWindow));
+    PressButton(kQuestion, 'n');
+    EXPECT_EQ(ExitCodeOf(program), 0);
+}
+
+TEST_F(CalledByProgramTest, YesShowsTheMainWindow)
+{
+    Publish("16", "3/4/2026");
+    const auto program = StartLoadcalc();
+    Await(kQuestion);
+    PressButton(kQuestion, 'y');
+    Await(kMainWindow);
+    EXPECT_FALSE(IsOnScreen(kQuestion));
+    CloseByFrame(kMainWindow);
+    EXPECT_EQ(ExitCodeOf(program), 0);
+    EXPECT_NE(m_desktop.Setting("Main Window", "Left"), "(none)");
+}
+
+} // namespace
+} // namespace velmo::test
