@@ -204,13 +204,7 @@ void frmMain::Open(const std::string& commandLine)
         list.ScrollTo(std::string(selected->key));
     }
     m_programs->FocusList();
-    const wxWeakRef<frmMain> window(this);
-    m_loop.After(kTimerInterval, [window, commandLine] {
-        if (window != nullptr)
-        {
-            window->OnTimer(commandLine);
-        }
-    });
+    StartTimer(commandLine);
     if (StartupRequest(commandLine).databasesTab)
     {
         SelectTab(kEquipmentTab);
@@ -227,8 +221,25 @@ void frmMain::OpenOnUpdates(bool databasesTab)
     }
 }
 
+void frmMain::StartTimer(const std::string& commandLine)
+{
+    const wxWeakRef<frmMain> window(this);
+    m_loop.After(kTimerInterval, [window, commandLine] {
+        if (window != nullptr)
+        {
+            window->OnTimer(commandLine);
+        }
+    });
+}
+
 void frmMain::OnTimer(const std::string& commandLine)
 {
+    // A person who was quicker has asked for the lists already: let that fetch end.
+    if (m_manager.Lists().Busy())
+    {
+        StartTimer(commandLine);
+        return;
+    }
     m_manager.RunAfterOpening(StartupRequest(commandLine), m_windows);
 }
 

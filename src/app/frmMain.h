@@ -50,6 +50,7 @@ class frmMain final : public wxFrame, private UpdateManagerView
     void SelectTab(std::size_t tab);
     void OnClose(wxCloseEvent& event);
     void SaveState();
+    void StartTimer(const std::string& commandLine);
     void OnTimer(const std::string& commandLine);
     void ShowAbout();
     void OpenLogFile();

@@ -1,12 +1,9 @@
 #include "companion/EquipmentCommand.h"
 
-#include "companion/ConsolePrompts.h"
+#include "companion/FetchedTable.h"
 #include "companion/TextTable.h"
-#include "controls/MousePointer.h"
 #include "manager/UpdateManager.h"
-#include "platform/HeadlessLoop.h"
 
-#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -61,31 +58,23 @@ std::string GridTable(const GridModel& grid)
     return table.Text();
 }
 
-ExitCode RunEquipment(Output output)
+std::string EquipmentText(UpdateManager& manager)
 {
-    platform::HeadlessLoop loop;
-    ConsolePrompts prompts(output.errors);
-    MousePointer pointer;
-    UpdateManager manager(loop, prompts, pointer);
-    manager.FetchLists();
-    manager.DeleteLists();
-    output.out << GridTable(manager.Equipment().Grid().Model());
-    if (!manager.Lists().Succeeded())
-    {
-        output.errors << "The vendor's lists could not be fetched from "
-                      << manager.Lists().Server().webServer << ": "
-                      << manager.Lists().LastErrorText() << "\n";
-        return ExitCode::ServerUnreachable;
-    }
-    const UpdateCounts counts = manager.Counts();
-    return counts.databases + counts.pictures > 0 ? ExitCode::UpdatesAvailable : ExitCode::Fine;
+    return GridTable(manager.Equipment().Grid().Model());
+}
+
+bool EquipmentNeedsUpdate(const UpdateCounts& counts)
+{
+    return counts.databases + counts.pictures > 0;
 }
 
 } // namespace
 
 std::function<ExitCode(Output)> SetUpEquipment(CLI::App& /*command*/)
 {
-    return RunEquipment;
+    return [](Output output) {
+        return PrintFetched({EquipmentText, EquipmentNeedsUpdate}, output);
+    };
 }
 
 } // namespace velmo::companion

@@ -1,20 +1,21 @@
 #include "companion/StatusCommand.h"
 
-#include "companion/ConsolePrompts.h"
+#include "companion/FetchedTable.h"
 #include "companion/TextTable.h"
-#include "controls/MousePointer.h"
 #include "manager/UpdateManager.h"
-#include "platform/HeadlessLoop.h"
 
-#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace velmo::companion
 {
 namespace
 {
 
-std::string ProgramTable(const ListViewModel& list)
+std::string ProgramText(UpdateManager& manager)
 {
+    const ListViewModel& list = manager.Programs().List();
     TextTable table;
     std::vector<std::string> header;
     for (const ListColumn& column : list.Columns())
@@ -29,31 +30,16 @@ std::string ProgramTable(const ListViewModel& list)
     return table.Text();
 }
 
-ExitCode RunStatus(Output output)
+bool ProgramNeedsUpdate(const UpdateCounts& counts)
 {
-    platform::HeadlessLoop loop;
-    ConsolePrompts prompts(output.errors);
-    MousePointer pointer;
-    UpdateManager manager(loop, prompts, pointer);
-    manager.FetchLists();
-    manager.DeleteLists();
-    output.out << ProgramTable(manager.Programs().List());
-    if (!manager.Lists().Succeeded())
-    {
-        output.errors << "The vendor's lists could not be fetched from "
-                      << manager.Lists().Server().webServer << ": "
-                      << manager.Lists().LastErrorText() << "\n";
-        return ExitCode::ServerUnreachable;
-    }
-    return manager.Programs().CountThatNeedUpdate() > 0 ? ExitCode::UpdatesAvailable
-                                                        : ExitCode::Fine;
+    return counts.programs > 0;
 }
 
 } // namespace
 
 std::function<ExitCode(Output)> SetUpStatus(CLI::App& /*command*/)
 {
-    return RunStatus;
+    return [](Output output) { return PrintFetched({ProgramText, ProgramNeedsUpdate}, output); };
 }
 
 } // namespace velmo::companion

@@ -103,6 +103,27 @@ enum class AccessType : std::uint8_t
     Memo = 12
 };
 
+/// Bytes of a type's values where they are always the same; 0 for the others.
+[[nodiscard]] constexpr std::size_t SizeOf(AccessType type)
+{
+    switch (type)
+    {
+    case AccessType::Byte:
+        return 1;
+    case AccessType::Integer:
+        return 2;
+    case AccessType::Long:
+    case AccessType::Single:
+        return 4;
+    case AccessType::Currency:
+    case AccessType::Double:
+    case AccessType::DateTime:
+        return 8;
+    default:
+        return 0;
+    }
+}
+
 /// Place of a row: its page and its number there. Stored as the number in the low byte.
 struct AccessRowPointer
 {

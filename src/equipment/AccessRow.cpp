@@ -10,24 +10,7 @@ namespace
 /// Bytes of a value in a row's fixed part; 0 for a type that is never there.
 std::size_t FixedSize(const AccessColumn& column)
 {
-    switch (column.type)
-    {
-    case AccessType::Byte:
-        return 1;
-    case AccessType::Integer:
-        return 2;
-    case AccessType::Long:
-    case AccessType::Single:
-        return 4;
-    case AccessType::Currency:
-    case AccessType::Double:
-    case AccessType::DateTime:
-        return 8;
-    case AccessType::Text:
-        return column.length;
-    default:
-        return 0;
-    }
+    return column.type == AccessType::Text ? column.length : SizeOf(column.type);
 }
 
 /**

@@ -61,30 +61,9 @@ Result<std::string> DateText(double date)
                               std::chrono::seconds(static_cast<int>(seconds))});
 }
 
-/// Size of a type's values where it is always the same; 0 for text.
-std::size_t StoredSize(AccessType type)
-{
-    switch (type)
-    {
-    case AccessType::Byte:
-        return 1;
-    case AccessType::Integer:
-        return 2;
-    case AccessType::Long:
-    case AccessType::Single:
-        return 4;
-    case AccessType::Currency:
-    case AccessType::Double:
-    case AccessType::DateTime:
-        return 8;
-    default:
-        return 0;
-    }
-}
-
 Result<std::string> Text(AccessPages& pages, AccessType type, ByteView stored)
 {
-    if (const std::size_t size = StoredSize(type); size != 0 && stored.Size() != size)
+    if (const std::size_t size = SizeOf(type); size != 0 && stored.Size() != size)
     {
         return DamagedAccessFile("a field is of the wrong size");
     }

@@ -135,7 +135,10 @@ TEST_F(InstallFlowTest, EachFileIsDownloadedAndItsSetupRunUnattended)
     OrderDatabase("alder.exe", 1500);
     Order(m_order.pictures, "alderpic.exe", 2500);
     Serve("alder.exe");
-    ServeLater("/pic/alderpic.exe", [this] { return !Record().empty(); });
+    // Only once the first setup has run and the second file's beginning has been shown.
+    ServeLater("/pic/alderpic.exe", [this] {
+        return !Record().empty() && Flow().CurrentBar().text.ends_with(" of 2 KB (0%)");
+    });
     m_desktop.Write(m_temp + "planted.dll", "left from before");
     std::vector<std::string> bars;
     m_onBars = [&] {
