@@ -12,6 +12,7 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmo
@@ -19,7 +20,7 @@ namespace velmo
 namespace
 {
 
-constexpr int kTextWidth = 440;
+constexpr int kLeastTextWidth = 440;
 
 wxStaticText* AddText(wxWindow* parent, const wxString& name, const wxString& text)
 {
@@ -46,10 +47,13 @@ frmUpdateDialog::frmUpdateDialog(wxWindow* parent, CINIFileHandler& settings,
 
 void frmUpdateDialog::CreateControls()
 {
+    wxSizer* texts = MakeTexts();
+    wxSizer* buttons = MakeButtons();
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(MakeTexts(), wxSizerFlags(1).Expand().Border(wxALL, FromDIP(16)));
-    sizer->Add(MakeButtons(),
-               wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(16)));
+    sizer->Add(texts, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(16)));
+    sizer->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(16)));
+    // The buttons, one of which bears the program's name, decide how wide the text may be.
+    m_instructions->Wrap(std::max(FromDIP(kLeastTextWidth), buttons->CalcMin().x));
     SetSizerAndFit(sizer);
     CentreOnParent();
 }
@@ -63,18 +67,17 @@ wxSizer* frmUpdateDialog::MakeTexts()
     versions->Add(AddText(this, "lblInstalledVersion", ToWx(m_notice.installedVersion)));
     versions->Add(AddText(this, {}, "Latest version:"));
     versions->Add(AddText(this, "lblLatestVersion", ToWx(m_notice.latestVersion)));
-    auto* instructions =
+    m_instructions =
         AddText(this, "lblInstructions",
                 ToWx("An update for " + m_notice.program +
                      " is available.  Click the Download Update button to download the setup file "
                      "for this update.  Be sure to close " +
                      m_notice.program + " before installing the update."));
-    instructions->Wrap(FromDIP(kTextWidth));
 
     auto* texts = new wxBoxSizer(wxVERTICAL);
     texts->Add(program);
     texts->Add(versions, wxSizerFlags().Border(wxTOP | wxBOTTOM, FromDIP(8)));
-    texts->Add(instructions, wxSizerFlags(1).Expand());
+    texts->Add(m_instructions, wxSizerFlags(1).Expand());
     return texts;
 }
 

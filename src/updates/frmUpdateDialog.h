@@ -5,6 +5,7 @@
 #include <wx/dialog.h>
 
 class wxSizer;
+class wxStaticText;
 
 namespace velmo
 {
@@ -34,6 +35,7 @@ class frmUpdateDialog final : public wxDialog
     ProgramActions& m_actions;
     MousePointer& m_pointer;
     UpdateNotice m_notice;
+    wxStaticText* m_instructions = nullptr;
 };
 
 } // namespace velmo
