@@ -13,14 +13,23 @@ namespace velmo::test
 namespace
 {
 
-constexpr std::array kKeys{L"Software\\Classes\\http", L"Software\\Classes\\https"};
+/// The machine's: Wine's shell never looks at the user's own classes when the machine has the same one.
+constexpr std::array kCommands{L"Software\\Classes\\http\\shell\\open\\command",
+                               L"Software\\Classes\\https\\shell\\open\\command"};
 constexpr wchar_t kRecordName[] = L"VELMO_BROWSER_RECORD";
 
-void Register(const wchar_t* key, const std::wstring& command)
+std::wstring CommandOf(const wchar_t* key)
 {
-    const std::wstring path = std::wstring(key) + L"\\shell\\open\\command";
+    std::array<wchar_t, 1024> command{};
+    DWORD size = sizeof command;
+    RegGetValueW(HKEY_LOCAL_MACHINE, key, nullptr, RRF_RT_REG_SZ, nullptr, command.data(), &size);
+    return command.data();
+}
+
+void SetCommand(const wchar_t* key, const std::wstring& command)
+{
     const auto size = static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t));
-    if (RegSetKeyValueW(HKEY_CURRENT_USER, path.c_str(), nullptr, REG_SZ, command.c_str(), size) !=
+    if (RegSetKeyValueW(HKEY_LOCAL_MACHINE, key, nullptr, REG_SZ, command.c_str(), size) !=
         ERROR_SUCCESS)
     {
         throw std::runtime_error("cannot register a browser");
@@ -29,25 +38,28 @@ void Register(const wchar_t* key, const std::wstring& command)
 
 } // namespace
 
-/// The user's own registration goes before the machine's.
 struct FakeBrowser::Registration::State
-{};
+{
+    std::array<std::wstring, kCommands.size()> before;
+};
 
 FakeBrowser::Registration::Registration(const std::string& record, const std::string& browser)
+    : m_state(std::make_unique<State>())
 {
     const std::wstring program = platform::Wide(platform::MFile::FullPath(browser));
-    for (const wchar_t* key : kKeys)
+    for (std::size_t i = 0; i < kCommands.size(); ++i)
     {
-        Register(key, L"\"" + program + L"\" \"%1\"");
+        m_state->before[i] = CommandOf(kCommands[i]);
+        SetCommand(kCommands[i], L"\"" + program + L"\" \"%1\"");
     }
     SetEnvironmentVariableW(kRecordName, platform::Wide(record).c_str());
 }
 
 FakeBrowser::Registration::~Registration()
 {
-    for (const wchar_t* key : kKeys)
+    for (std::size_t i = 0; i < kCommands.size(); ++i)
     {
-        RegDeleteTreeW(HKEY_CURRENT_USER, key);
+        SetCommand(kCommands[i], m_state->before[i]);
     }
     SetEnvironmentVariableW(kRecordName, nullptr);
 }
