@@ -93,7 +93,8 @@ void ConnectPanel::ShowStatusLines()
     wxString text = ToWx(m_manager.StatusBox().Text());
     text.Replace("\r\n", "\n");
     // Without a last empty line, so that the box shows as many lines as fit.
-    m_status->ChangeValue(text.Trim());
+    text.EndsWith("\n", &text);
+    m_status->ChangeValue(text);
     m_status->ShowPosition(m_status->GetLastPosition());
 }
 

@@ -31,10 +31,11 @@ EquipmentPage::EquipmentPage(wxWindow* parent, UpdateManager& manager, UserPromp
     auto* instructions = new wxStaticText(this, wxID_ANY, kInstructions);
     instructions->SetName("lblInstructions");
     EquipmentGrid& equipment = manager.Equipment().Grid();
-    m_grid = new Grid(this, equipment.Model(), [&equipment](std::size_t row, std::size_t column) {
-        equipment.Toggle(row, column);
-    });
-    m_grid->SetName("flxEquipment");
+    auto* grid =
+        new Grid(this, equipment.Model(), [&equipment](std::size_t row, std::size_t column) {
+            equipment.Toggle(row, column);
+        });
+    grid->SetName("flxEquipment");
     m_markClear = new wxButton(this, wxID_ANY, "&Mark/Clear >");
     m_markClear->SetName("cmdMarkClear");
     m_install = new wxButton(this, wxID_ANY, "&Install...");
@@ -48,7 +49,7 @@ EquipmentPage::EquipmentPage(wxWindow* parent, UpdateManager& manager, UserPromp
     foot->Add(m_summary, wxSizerFlags(1).CentreVertical());
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(instructions, wxSizerFlags().Expand().Border());
-    sizer->Add(m_grid, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT));
+    sizer->Add(grid, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT));
     sizer->Add(foot, wxSizerFlags().Expand().Border());
     SetSizer(sizer);
 
@@ -61,11 +62,6 @@ EquipmentPage::EquipmentPage(wxWindow* parent, UpdateManager& manager, UserPromp
 EquipmentPage::~EquipmentPage()
 {
     m_manager.Equipment().Grid().ObserveSummary({});
-}
-
-void EquipmentPage::FocusGrid()
-{
-    m_grid->SetFocus();
 }
 
 void EquipmentPage::ShowSummary()

@@ -10,7 +10,6 @@ class wxStaticText;
 namespace velmo
 {
 
-class Grid;
 class UpdateManager;
 class UserPrompts;
 namespace platform
@@ -28,8 +27,6 @@ class EquipmentPage final : public wxPanel
                   platform::MessageLoop& loop);
     ~EquipmentPage() override;
 
-    void FocusGrid();
-
   private:
     void ShowSummary();
     void ShowMarkMenu();
@@ -40,7 +37,6 @@ class EquipmentPage final : public wxPanel
     platform::MessageLoop& m_loop;
     SetupWatch
         m_setups; ///< Of the last installation: looks at the databases again when they ended.
-    Grid* m_grid = nullptr;
     wxButton* m_markClear = nullptr;
     wxButton* m_install = nullptr;
     wxStaticText* m_summary = nullptr;

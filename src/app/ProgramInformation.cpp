@@ -7,7 +7,6 @@
 #include "platform/AnsiText.h"
 #include "platform/DesktopFolders.h"
 #include "platform/FileReader.h"
-#include "updates/ProgramVersion.h"
 
 #include <algorithm>
 #include <charconv>
@@ -51,13 +50,18 @@ ProgramInformation OwnInformation()
     return {build::kTitle, build::kVersion, build::kDescription, build::kCopyright};
 }
 
-std::string VersionLabel(std::string_view version)
+ProgramVersion VersionNumbers(std::string_view version)
 {
     ProgramVersion numbers;
     numbers.majorNumber = TakeNumber(version);
     numbers.minorNumber = TakeNumber(version);
     numbers.revision = TakeNumber(version);
-    return "Version " + InstalledVersionText(numbers);
+    return numbers;
+}
+
+std::string VersionLabel(std::string_view version)
+{
+    return "Version " + InstalledVersionText(VersionNumbers(version));
 }
 
 } // namespace velmo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "updates/ProgramVersion.h"
+
 #include <string>
 #include <string_view>
 
@@ -19,8 +21,11 @@ struct ProgramInformation
 /// in the native build.
 [[nodiscard]] ProgramInformation OwnInformation();
 
+/// The numbers of a written version; a missing or unreadable one counts as 0.
+[[nodiscard]] ProgramVersion VersionNumbers(std::string_view version);
+
 /// "Version 1.04.12" of "1.04.0012": the minor number with at least two digits, the revision without
-/// padding. A missing or unreadable number counts as 0.
+/// padding.
 [[nodiscard]] std::string VersionLabel(std::string_view version);
 
 } // namespace velmo

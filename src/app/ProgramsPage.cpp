@@ -77,34 +77,49 @@ ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, UpdateWindo
     ShowSelectedProgram();
 }
 
-std::string ProgramsPage::SelectedProgram() const
-{
-    const ListRow* row = m_manager.Programs().List().SelectedRow();
-    return row != nullptr ? row->key : std::string();
-}
-
 void ProgramsPage::BindActions()
 {
-    m_updateOptions->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
-        m_windows.SetOptions(SelectedProgram());
+    // Without a selected program nothing is done: the menu's download can be chosen then, too.
+    const auto bind = [this](wxButton* button, auto action) {
+        button->Bind(wxEVT_BUTTON, [this, action](wxCommandEvent&) {
+            if (const ListRow* row = m_manager.Programs().List().SelectedRow())
+            {
+                action(std::string(row->key));
+            }
+        });
+    };
+    bind(m_updateOptions, [this](const std::string& program) {
+        m_windows.SetOptions(program);
         ShowSelectedProgram();
     });
-    m_download->Bind(wxEVT_BUTTON,
-                     [this](wxCommandEvent&) { m_manager.Download(SelectedProgram()); });
-    m_updatePage->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
-        m_manager.Actions().OpenUpdatePage(IndexOfName(SelectedProgram()));
+    bind(m_download, [this](const std::string& program) { m_manager.Download(program); });
+    bind(m_updatePage, [this](const std::string& program) {
+        m_manager.Actions().OpenUpdatePage(IndexOfName(program));
     });
-    m_informationPage->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
-        m_manager.Actions().OpenInformationPage(IndexOfName(SelectedProgram()));
+    bind(m_informationPage, [this](const std::string& program) {
+        m_manager.Actions().OpenInformationPage(IndexOfName(program));
     });
-    m_list->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { ShowMenu(); });
+    m_list->Bind(wxEVT_CONTEXT_MENU,
+                 [this](const wxContextMenuEvent& event) { ShowMenu(event.GetPosition()); });
 }
 
-void ProgramsPage::ShowMenu()
+void ProgramsPage::ShowMenu(wxPoint place)
 {
     wxMenu menu;
     FillMenu(menu);
-    m_list->PopupMenu(&menu);
+    if (place != wxDefaultPosition)
+    {
+        m_list->PopupMenu(&menu);
+        return;
+    }
+    // The keyboard's menu belongs to the selected row, wherever the mouse is.
+    wxRect row;
+    const long selected = m_list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
+    if (selected >= 0)
+    {
+        m_list->GetItemRect(selected, row);
+    }
+    m_list->PopupMenu(&menu, row.GetBottomLeft());
 }
 
 void ProgramsPage::FillMenu(wxMenu& menu)
@@ -198,6 +213,10 @@ void ProgramsPage::NavigateNow()
     if (address != m_browser->Address())
     {
         m_browser->Navigate(address);
+    }
+    else
+    {
+        m_browser->Retry();
     }
 }
 

@@ -2,9 +2,6 @@
 
 #include <wx/panel.h>
 
-#include <functional>
-#include <string>
-
 class wxButton;
 class wxMenu;
 
@@ -46,8 +43,7 @@ class ProgramsPage final : public wxPanel
   private:
     wxButton* AddButton(wxSizer& sizer, const wxString& name);
     void BindActions();
-    void ShowMenu();
-    [[nodiscard]] std::string SelectedProgram() const;
+    void ShowMenu(wxPoint place);
     void NavigateSoon();
     void NavigateNow();
 

@@ -6,8 +6,11 @@
 #include "controls/UserPrompts.h"
 #include "manager/UpdateManager.h"
 #include "platform/CommandLine.h"
+#include "platform/DesktopFolders.h"
 #include "platform/HeadlessLoop.h"
 #include "platform/ProgramLibrary.h"
+#include "settings/DiagnosticLog.h"
+#include "updates/ListFiles.h"
 #include "updates/StartupRequest.h"
 
 #include <string>
@@ -98,7 +101,14 @@ int RunInStartupMode(const std::string& commandLine)
     request.databases = findings.equipment.databases;
     request.pictures = findings.equipment.pictures;
     request.statusLines = result.statusLines.c_str();
-    return ShowWindows(request, true);
+    const int exitCode = ShowWindows(request, true);
+    if (exitCode != 0)
+    {
+        // Nobody else is there to delete them.
+        DiagnosticLog log(LogFilePath());
+        ListFiles(platform::ProgramFolder()).Delete(log);
+    }
+    return exitCode;
 }
 
 int RunStartUp(int argc, char** argv)

@@ -11,6 +11,7 @@
 #include "ui/WxText.h"
 
 #include <wx/app.h>
+#include <wx/weakref.h>
 
 #ifdef __WXMSW__
 #include <wx/msw/private.h>
@@ -64,7 +65,7 @@ class Application final : public wxApp
             m_manager->DeleteLists();
             return 0;
         }
-        LoadMainWindow()->OpenOnUpdates(!findings.programNeedsUpdate);
+        LoadMainWindow()->OpenOnUpdates(m_startup.caller, !findings.programNeedsUpdate);
         return wxApp::OnRun();
     }
 
@@ -87,7 +88,9 @@ class Application final : public wxApp
         const CHourGlass busy(m_pointer);
         auto* window = new frmMain(*m_manager, *m_windows, *m_loop);
         SetTopWindow(window);
-        m_listener.emplace(kInstanceName, *m_loop, [window] { return window->ComeForward(); });
+        const wxWeakRef<frmMain> weak(window);
+        m_listener.emplace(kInstanceName, *m_loop,
+                           [weak] { return weak != nullptr && weak->ComeForward(); });
         return window;
     }
 

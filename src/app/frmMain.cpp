@@ -21,6 +21,7 @@
 #include <wx/accel.h>
 #include <wx/app.h>
 #include <wx/clipbrd.h>
+#include <wx/dialog.h>
 #include <wx/menu.h>
 #include <wx/notebook.h>
 #include <wx/sizer.h>
@@ -167,7 +168,7 @@ void frmMain::SetUpAccelerators()
 {
     // Tab captions underline their letters but do not act on them. Alt+H is the Help menu's, so each
     // tab has its number as well.
-    std::array<wxAcceleratorEntry, 6> entries;
+    std::array<wxAcceleratorEntry, 7> entries;
     const std::array<int, 3> ids{wxWindow::NewControlId(), wxWindow::NewControlId(),
                                  wxWindow::NewControlId()};
     entries[0].Set(wxACCEL_ALT, 'A', ids[0]);
@@ -176,6 +177,7 @@ void frmMain::SetUpAccelerators()
     entries[3].Set(wxACCEL_CTRL, '2', ids[1]);
     entries[4].Set(wxACCEL_CTRL, '3', ids[2]);
     entries[5].Set(wxACCEL_NORMAL, WXK_F5, wxID_REFRESH);
+    entries[6].Set(wxACCEL_NORMAL, WXK_ESCAPE, wxID_STOP);
     SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(entries.size()), entries.data()));
     for (std::size_t tab = 0; tab < ids.size(); ++tab)
     {
@@ -184,6 +186,8 @@ void frmMain::SetUpAccelerators()
     }
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { m_manager.FetchLists(); }, wxID_REFRESH);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { m_manager.Lists().Cancel(); }, wxID_STOP);
 }
 
 void frmMain::SelectTab(std::size_t tab)
@@ -194,15 +198,7 @@ void frmMain::SelectTab(std::size_t tab)
 void frmMain::Open(const std::string& commandLine)
 {
     Show();
-    ListViewModel& list = m_manager.Programs().List();
-    if (!list.Select(Trimmed(commandLine)) && !list.Rows().empty())
-    {
-        list.Select(std::string(list.Rows().front().key));
-    }
-    if (const ListRow* selected = list.SelectedRow())
-    {
-        list.ScrollTo(std::string(selected->key));
-    }
+    SelectProgram(std::string(Trimmed(commandLine)));
     m_programs->FocusList();
     StartTimer(commandLine);
     if (StartupRequest(commandLine).databasesTab)
@@ -211,13 +207,28 @@ void frmMain::Open(const std::string& commandLine)
     }
 }
 
-void frmMain::OpenOnUpdates(bool databasesTab)
+void frmMain::OpenOnUpdates(const std::string& caller, bool databasesTab)
 {
     Show();
+    SelectProgram(caller);
     m_programs->FocusList();
     if (databasesTab)
     {
         SelectTab(kEquipmentTab);
+    }
+}
+
+/// The first one when none has that name.
+void frmMain::SelectProgram(const std::string& name)
+{
+    ListViewModel& list = m_manager.Programs().List();
+    if (!list.Select(name) && !list.Rows().empty())
+    {
+        list.Select(std::string(list.Rows().front().key));
+    }
+    if (const ListRow* selected = list.SelectedRow())
+    {
+        list.ScrollTo(std::string(selected->key));
     }
 }
 
@@ -234,13 +245,14 @@ void frmMain::StartTimer(const std::string& commandLine)
 
 void frmMain::OnTimer(const std::string& commandLine)
 {
-    // A person who was quicker has asked for the lists already: let that fetch end.
-    if (m_manager.Lists().Busy())
+    // A person who was quicker has asked for the lists already, or has a window open: let that end.
+    if (m_manager.Lists().Busy() || IsBlocked())
     {
         StartTimer(commandLine);
         return;
     }
-    m_manager.RunAfterOpening(StartupRequest(commandLine), m_windows);
+    m_manager.RunAfterOpening(StartupRequest(commandLine), VersionNumbers(OwnInformation().version),
+                              m_windows);
 }
 
 void frmMain::ShowAbout()
@@ -308,13 +320,30 @@ void frmMain::OnClose(wxCloseEvent& event)
         m_windows.Notify(PromptIcon::Stop, "Correct the constants in frmMain of VelmoUpd",
                          "Rebuild Needed");
     }
-    if (m_manager.Lists().Busy() && event.CanVeto())
+    if (event.CanVeto() && (m_manager.Lists().Busy() || IsBlocked()))
     {
         event.Veto();
         return;
     }
     SaveState();
     Destroy();
+}
+
+/// True while another window of the program waits for an answer.
+bool frmMain::IsBlocked() const
+{
+#ifdef __WXMSW__
+    // A message box is the system's own window.
+    if (!::IsWindowEnabled(GetHwnd()))
+    {
+        return true;
+    }
+#endif
+    return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(),
+                       [](const wxWindow* window) {
+                           const auto* dialog = dynamic_cast<const wxDialog*>(window);
+                           return dialog != nullptr && dialog->IsModal();
+                       });
 }
 
 void frmMain::SaveState()

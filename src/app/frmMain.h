@@ -35,9 +35,9 @@ class frmMain final : public wxFrame, private UpdateManagerView
     /// starts the timer that connects.
     void Open(const std::string& commandLine);
 
-    /// Shows the window to somebody who wants to see what a start-up run found; with @a databasesTab
-    /// on the equipment tab. The lists are there: no timer connects.
-    void OpenOnUpdates(bool databasesTab);
+    /// Shows the window to somebody who wants to see what a start-up run found for @a caller; with
+    /// @a databasesTab on the equipment tab. The lists are there: no timer connects.
+    void OpenOnUpdates(const std::string& caller, bool databasesTab);
 
     /// Brings the window to the front, restored when it is minimised. False when it is not shown.
     bool ComeForward();
@@ -48,6 +48,8 @@ class frmMain final : public wxFrame, private UpdateManagerView
     void CreateControls();
     void SetUpAccelerators();
     void SelectTab(std::size_t tab);
+    void SelectProgram(const std::string& name);
+    [[nodiscard]] bool IsBlocked() const;
     void OnClose(wxCloseEvent& event);
     void SaveState();
     void StartTimer(const std::string& commandLine);

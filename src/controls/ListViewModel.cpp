@@ -47,7 +47,10 @@ void ListViewModel::SetRows(std::vector<ListRow> rows)
         row.cells.resize(m_columns.size());
         m_keysAsAdded.push_back(row.key);
     }
-    m_selectedKey.clear();
+    if (!PositionOf(m_selectedKey))
+    {
+        m_selectedKey.clear();
+    }
     ApplySort();
     Tell(&Observer::OnRowsChanged);
     Tell(&Observer::OnSelectionChanged);

@@ -61,7 +61,8 @@ class ListViewModel
     void SetColumnWidth(std::size_t column, float twips);
     void SetColumnMark(std::size_t column, std::optional<SortOrder> mark);
 
-    /// Replaces all rows, keeping the sort; the selection is lost.
+    /// Replaces all rows, keeping the sort, and the selection when its row is still there. The
+    /// observer is told of both, since the selected row may read differently.
     void SetRows(std::vector<ListRow> rows);
 
     /// Rewrites one cell (column from 1) of the row with that key.

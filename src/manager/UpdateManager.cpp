@@ -92,7 +92,8 @@ StartupFindings UpdateManager::CheckForCaller(const StartupRequest& request)
     return m_startup.CheckCaller(request, fetch, [this] { return CountEquipment(); });
 }
 
-void UpdateManager::RunAfterOpening(const StartupRequest& request, UpdatePrompts& prompts)
+void UpdateManager::RunAfterOpening(const StartupRequest& request, const ProgramVersion& own,
+                                    UpdatePrompts& prompts)
 {
     if (AutoConnect())
     {
@@ -104,12 +105,12 @@ void UpdateManager::RunAfterOpening(const StartupRequest& request, UpdatePrompts
         const StatusNotice notice = StatusNoticeOf(*selected);
         prompts.Notify(PromptIcon::Information, notice.text, notice.title);
     }
-    OfferOwnUpdate(prompts);
+    OfferOwnUpdate(own, prompts);
 }
 
-void UpdateManager::OfferOwnUpdate(UpdatePrompts& prompts)
+void UpdateManager::OfferOwnUpdate(const ProgramVersion& own, UpdatePrompts& prompts)
 {
-    const auto notice = m_startup.CheckSelf();
+    const auto notice = m_startup.CheckSelf(own);
     if (notice && prompts.ShowUpdateDialog(*notice) == DialogAnswer::Download)
     {
         Download(notice->program);

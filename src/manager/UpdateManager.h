@@ -90,7 +90,9 @@ class UpdateManager final : private ListsDownloadClient
     /// What the timer does once after the window opened: connects when that is automatic, tells the
     /// status of the program that the command line named, and offers an update of the update manager
     /// itself. Not while a fetch runs.
-    void RunAfterOpening(const StartupRequest& request, UpdatePrompts& prompts);
+    /// @a own is the running program's version.
+    void RunAfterOpening(const StartupRequest& request, const ProgramVersion& own,
+                         UpdatePrompts& prompts);
 
     /// The reminder, then the setup of the program of that display name in the browser.
     void Download(std::string_view program);
@@ -131,7 +133,7 @@ class UpdateManager final : private ListsDownloadClient
     void OnBusyChanged(bool busy) override;
 
     [[nodiscard]] EquipmentCounts CountEquipment();
-    void OfferOwnUpdate(UpdatePrompts& prompts);
+    void OfferOwnUpdate(const ProgramVersion& own, UpdatePrompts& prompts);
 
     DiagnosticLog m_log;
     CINIFileHandler m_settings;

@@ -42,16 +42,25 @@ BrowserPane::BrowserPane(wxWindow* parent, const wxString& name, const wxString&
 void BrowserPane::Navigate(const std::string& address)
 {
     m_address = address;
+    m_pending = true;
     ShowWhenSeen();
+}
+
+void BrowserPane::Retry()
+{
+    if (m_failed)
+    {
+        Navigate(m_address);
+    }
 }
 
 void BrowserPane::ShowWhenSeen()
 {
-    if (m_address.empty() || m_address == m_shownAddress || !IsShownOnScreen())
+    if (!m_pending || !IsShownOnScreen())
     {
         return;
     }
-    m_shownAddress = m_address;
+    m_pending = false;
     if (!std::exchange(m_engineTried, true) && platform::HasBrowserEngine())
     {
         m_engine = wxWebView::New();
@@ -77,7 +86,12 @@ void BrowserPane::ShowInEngine()
     {
         m_text->Hide();
         GetSizer()->Add(m_engine, wxSizerFlags(1).Expand());
+        m_engine->Bind(wxEVT_WEBVIEW_ERROR, [this](const wxWebViewEvent& event) {
+            // The load that the next one replaces ends with an error too.
+            m_failed = event.GetInt() != wxWEBVIEW_NAV_ERR_USER_CANCELLED;
+        });
     }
+    m_failed = false;
     m_engine->LoadURL(ToWx(m_address));
 }
 

@@ -25,8 +25,11 @@ class BrowserPane final : public wxPanel
     BrowserPane(wxWindow* parent, const wxString& name, const wxString& emptyText,
                 std::function<void(const std::string&)> openOutside);
 
-    /// Shows a page as soon as the pane is seen.
+    /// Loads a page as soon as the pane is seen, also the one that is shown.
     void Navigate(const std::string& address);
+
+    /// Loads the page again if it could not be loaded, as before the computer had a connection.
+    void Retry();
 
     /// The page that is shown or will be; empty before the first.
     [[nodiscard]] const std::string& Address() const { return m_address; }
@@ -38,7 +41,8 @@ class BrowserPane final : public wxPanel
 
     std::function<void(const std::string&)> m_openOutside;
     std::string m_address;
-    std::string m_shownAddress;
+    bool m_pending = false; ///< The address is still to be loaded.
+    bool m_failed = false;  ///< The engine could not load it.
     wxStaticText* m_text = nullptr;
     wxButton* m_link = nullptr;
     wxWebView* m_engine = nullptr;

@@ -64,16 +64,33 @@ void CFormHandler::Write(std::string_view key, double value) const
 
 void CFormHandler::Restore(wxTopLevelWindow& window) const
 {
+    Place(window, true);
+    if (Read("State", 0) == kMaximised)
+    {
+        window.Maximize();
+    }
+}
+
+void CFormHandler::RestorePosition(wxTopLevelWindow& window) const
+{
+    Place(window, false);
+}
+
+void CFormHandler::Place(wxTopLevelWindow& window, bool withSize) const
+{
     wxRect wanted = window.GetRect();
     const double left = Read("Left", kAbsent);
     const double top = Read("Top", kAbsent);
     const bool remembered = left != kAbsent && top != kAbsent;
     if (remembered)
     {
+        wanted.SetPosition({PixelsOfTwips(window, left), PixelsOfTwips(window, top)});
+    }
+    if (remembered && withSize)
+    {
         const wxSize least = window.GetMinSize();
-        wanted = wxRect(PixelsOfTwips(window, left), PixelsOfTwips(window, top),
-                        std::max(least.x, PixelsOfTwips(window, Read("Width", 0))),
-                        std::max(least.y, PixelsOfTwips(window, Read("Height", 0))));
+        wanted.SetSize({std::max(least.x, PixelsOfTwips(window, Read("Width", 0))),
+                        std::max(least.y, PixelsOfTwips(window, Read("Height", 0)))});
     }
     const int display = remembered ? DisplayOf(wanted) : wxNOT_FOUND;
     const wxRect screen =
@@ -83,10 +100,6 @@ void CFormHandler::Restore(wxTopLevelWindow& window) const
         wanted = wanted.CentreIn(screen);
     }
     window.SetSize(FitInto(wanted, screen));
-    if (Read("State", 0) == kMaximised)
-    {
-        window.Maximize();
-    }
 }
 
 void CFormHandler::Save(const wxTopLevelWindow& window) const

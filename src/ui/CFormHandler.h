@@ -24,10 +24,14 @@ class CFormHandler
     /// Places the window as remembered, else centres it with the size that it has.
     void Restore(wxTopLevelWindow& window) const;
 
+    /// The same for a window whose contents decide its size.
+    void RestorePosition(wxTopLevelWindow& window) const;
+
     /// Remembers the window's place. A minimised window keeps the place it had.
     void Save(const wxTopLevelWindow& window) const;
 
   private:
+    void Place(wxTopLevelWindow& window, bool withSize) const;
     [[nodiscard]] double Read(std::string_view key, double defaultValue) const;
     void Write(std::string_view key, double value) const;
 

@@ -32,7 +32,7 @@ class CHorizontalSplitter final : public wxSplitterWindow
     [[nodiscard]] int BarHeight() const { return GetSashSize(); }
 
     /// Least heights that the controls above and below keep, in device-independent pixels.
-    int MinimumSplitterBarTopMargin = 90;
+    int MinimumSplitterBarTopMargin = 40;
     int MinimumSplitterBarBottomMargin = 60;
 
   private:

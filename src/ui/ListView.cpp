@@ -65,6 +65,13 @@ ListView::ListView(wxWindow* parent, ListViewModel& model,
     });
     Bind(wxEVT_LIST_ITEM_SELECTED,
          [this](const wxListEvent& event) { TakeSelection(event.GetIndex()); });
+    // A click beside the rows takes the selection away, here only: one program stays selected.
+    Bind(wxEVT_LIST_ITEM_DESELECTED, [this](const wxListEvent&) {
+        if (!m_showing)
+        {
+            CallAfter([this] { ShowSelection(); });
+        }
+    });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
         ShowWidths();

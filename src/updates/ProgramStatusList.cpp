@@ -80,12 +80,10 @@ void ProgramStatusList::Rebuild(bool versionListPresent)
             rows.push_back(MakeRow(index, versionListPresent));
         }
     }
-    const ListRow* selected = m_list.SelectedRow();
-    const std::string key = selected != nullptr ? selected->key : std::string();
     m_list.SetRows(std::move(rows));
-    if (m_list.Select(key))
+    if (const ListRow* selected = m_list.SelectedRow())
     {
-        m_list.ScrollTo(key);
+        m_list.ScrollTo(selected->key);
     }
 }
 

@@ -56,7 +56,7 @@ StartupFindings StartupCheck::CheckCaller(
     return findings;
 }
 
-std::optional<UpdateNotice> StartupCheck::CheckSelf() const
+std::optional<UpdateNotice> StartupCheck::CheckSelf(const ProgramVersion& running) const
 {
     const std::string name(NameOfIndex(kOwnRow));
     const ListedProgram listed = m_versionList.Read(name);
@@ -64,8 +64,9 @@ std::optional<UpdateNotice> StartupCheck::CheckSelf() const
     {
         return std::nullopt;
     }
-    const ProgramVersion installed = Installed(kOwnRow);
-    if (installed.majorNumber == 0 || IsUpToDate(installed, listed.latest))
+    const ProgramVersion found = Installed(kOwnRow);
+    const ProgramVersion& installed = found.majorNumber != 0 ? found : running;
+    if (IsUpToDate(installed, listed.latest))
     {
         return std::nullopt;
     }

@@ -35,8 +35,9 @@ class StartupCheck
         const std::function<EquipmentCounts()>& countEquipment) const;
 
     /// The update manager's own update, by the version list that is there. Nothing when the list is
-    /// missing or has no version, or when the installed one cannot be read.
-    [[nodiscard]] std::optional<UpdateNotice> CheckSelf() const;
+    /// missing or has no version. @a running is what counts as installed when no version can be read
+    /// where the locator looks, as when the program runs from another folder.
+    [[nodiscard]] std::optional<UpdateNotice> CheckSelf(const ProgramVersion& running) const;
 
   private:
     [[nodiscard]] ProgramVersion Installed(std::int32_t index) const;

@@ -33,10 +33,7 @@ frmUpdateMessage::frmUpdateMessage(wxWindow* parent, CINIFileHandler& settings,
 {
     ShowProgramIcon(*this);
     CreateControls();
-    // After the text's size is known: it decides the window's.
-    const wxSize fitting = GetSize();
-    CFormHandler(m_settings, kSection).Restore(*this);
-    SetSize(fitting);
+    CFormHandler(m_settings, kSection).RestorePosition(*this);
 }
 
 frmUpdateMessage::~frmUpdateMessage()

@@ -102,13 +102,16 @@ TEST_F(ListViewModelTest, TheSelectionFollowsItsRow)
     EXPECT_THAT(m_notes.Take(), ElementsAre("selection"));
 }
 
-TEST_F(ListViewModelTest, NewRowsLoseTheSelection)
+TEST_F(ListViewModelTest, TheSelectedRowStaysSelectedAmongNewOnes)
 {
     m_model.Select("d");
     m_notes.Take();
-    m_model.SetRows({Row("d", "1")});
-    EXPECT_EQ(m_model.SelectedRow(), nullptr);
+    m_model.SetRows({Row("a", "2"), Row("d", "1")});
+    ASSERT_NE(m_model.SelectedRow(), nullptr);
+    EXPECT_EQ(m_model.SelectedRow()->cells[0], "d");
     EXPECT_THAT(m_notes.Take(), ElementsAre("rows", "selection"));
+    m_model.SetRows({Row("a", "2")});
+    EXPECT_EQ(m_model.SelectedRow(), nullptr);
 }
 
 TEST_F(ListViewModelTest, OnlyRealChangesAreTold)

@@ -9,7 +9,7 @@ namespace velmo::test
 /// Whether a window of that title is on the screen.
 [[nodiscard]] bool IsOnScreen(const std::string& title);
 
-/// Presses the button of that mnemonic, a lower-case letter.
+/// Presses the button of that mnemonic, a lower-case letter; 'o' for the OK of a message box.
 void PressButton(const std::string& title, char mnemonic);
 
 /// Closes the window by its frame.

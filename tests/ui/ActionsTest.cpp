@@ -1,4 +1,7 @@
+#include "app/ProgramInformation.h"
 #include "app/ProgramsPage.h"
+#include "platform/DesktopFolders.h"
+#include "platform/MFile.h"
 #include "platform/Processes.h"
 #include "tests/support/FakeBrowser.h"
 #include "tests/ui/WindowUnderTest.h"
@@ -9,7 +12,11 @@
 #include <gtest/gtest.h>
 
 #include <wx/bookctrl.h>
+#include <wx/clipbrd.h>
 #include <wx/menu.h>
+#include <wx/statusbr.h>
+
+#include <set>
 
 namespace velmo::test
 {
@@ -99,6 +106,90 @@ TEST_F(ActionsTest, TheMenuCopiesCaptionsAndStatesButForTheDownloads)
     EXPECT_THAT(test.opened, ElementsAre(Server("/web/hvacr/loadcalc_info.html")));
 }
 
+TEST_F(ActionsTest, WithoutASelectedProgramTheMenusDownloadDoesNothing)
+{
+    WindowUnderTest test;
+    Open(test, "");
+    wxMenu menu;
+    test.Find<ProgramsPage>("picHoldPrograms").FillMenu(menu);
+    const wxMenuItem& download = *menu.GetMenuItems()[0];
+    EXPECT_EQ(download.GetItemLabel(), "&Download");
+    ASSERT_TRUE(download.IsEnabled());
+    wxCommandEvent choose(wxEVT_MENU, download.GetId());
+    menu.ProcessEvent(choose);
+    EXPECT_THAT(test.prompts.Lines(), testing::IsEmpty());
+    EXPECT_THAT(test.opened, testing::IsEmpty());
+}
+
+TEST_F(ActionsTest, TheSelectedProgramsPageIsShownWhereARunThroughTheListStops)
+{
+    WindowUnderTest test;
+    Open(test, "Loadcalc 8");
+    const auto& page = test.Find<BrowserPane>("webMain");
+    const std::string first = Server("/web/hvacr/loadcalc8_ver.html#updatetext");
+    test.WaitFor("the first page", [&] { return page.Address() == first; });
+    for (const char* program : {"Airflow 3", "Pipesize 3", "Wiring 2"})
+    {
+        test.manager.Programs().List().Select(program);
+    }
+    std::set<std::string> shown{page.Address()};
+    const std::string second = Server("/web/electrical/wiring_ver.html#updatetext");
+    test.WaitFor("the second page", [&] {
+        shown.insert(page.Address());
+        return page.Address() == second;
+    });
+    EXPECT_THAT(shown, testing::UnorderedElementsAre(first, second));
+
+    auto& tabs = test.Find<wxBookCtrlBase>("tbsMain");
+    tabs.SetSelection(2);
+    test.manager.Programs().List().Select("Loadcalc 8");
+    bool settled = false;
+    test.loop.After(std::chrono::milliseconds(400), [&] { settled = true; });
+    test.WaitFor("the settling", [&] { return settled; });
+    EXPECT_EQ(page.Address(), second) << "nobody sees the page";
+    tabs.SetSelection(0);
+    test.WaitFor("the page", [&] { return page.Address() == first; });
+}
+
+TEST_F(ActionsTest, TheWindowStaysWhileAnotherOneWaitsForAnAnswer)
+{
+    WindowUnderTest test;
+    Open(test, "");
+    WhenShown(test.loop, "frmAbout", [&](wxWindow& about) {
+        EXPECT_FALSE(test.window->Close());
+        Press(about, "cmdOK");
+    });
+    wxCommandEvent choose(wxEVT_MENU, wxID_ABOUT);
+    test.window->ProcessWindowEvent(choose);
+    EXPECT_TRUE(test.window->Close());
+}
+
+TEST_F(ActionsTest, DetailsForSupportAreCopiedAndAMissingLogIsTold)
+{
+    WindowUnderTest test;
+    Open(test, "");
+    const auto choose = [&](const char* label) {
+        const wxMenu& help = *test.window->GetMenuBar()->GetMenu(1);
+        wxCommandEvent event(wxEVT_MENU, help.FindItem(label));
+        test.window->ProcessWindowEvent(event);
+    };
+    choose("Copy Details");
+    wxTextDataObject details;
+    {
+        const wxClipboardLocker clipboard;
+        ASSERT_TRUE(!!clipboard);
+        ASSERT_TRUE(wxTheClipboard->GetData(details));
+    }
+    EXPECT_THAT(details.GetText().utf8_string(),
+                testing::AllOf(testing::HasSubstr(OwnInformation().version),
+                               testing::HasSubstr(platform::ProgramFolder()),
+                               testing::HasSubstr(Server(""))));
+    ASSERT_TRUE(platform::MFile::DeleteIfExists(test.manager.Log().Path()).Ok());
+    choose("Open Log File");
+    EXPECT_THAT(test.prompts.Lines(), ElementsAre("Log File|There is no log file yet: nothing has "
+                                                  "gone wrong so far."));
+}
+
 TEST_F(ActionsTest, AHeadlineOpensInTheNewsPaneAndOnlyWebLinksDo)
 {
     WindowUnderTest test;
@@ -112,6 +203,15 @@ TEST_F(ActionsTest, AHeadlineOpensInTheNewsPaneAndOnlyWebLinksDo)
         wxGridEvent event(grid.GetId(), wxEVT_GRID_CELL_LEFT_CLICK, &grid, row, 1);
         grid.GetEventHandler()->ProcessEvent(event);
     };
+    const auto linkPointedAt = [&](int row) {
+        wxMouseEvent move(wxEVT_MOTION);
+        move.SetPosition(grid.CalcScrolledPosition(grid.CellToRect(row, 1).GetPosition()) +
+                         wxPoint(5, 5));
+        grid.GetGridWindow()->ProcessWindowEvent(move);
+        return test.window->GetStatusBar()->GetStatusText().utf8_string();
+    };
+    EXPECT_EQ(linkPointedAt(0), "http://127.0.0.1:9/first.html");
+    EXPECT_EQ(linkPointedAt(1), "");
     auto& tabs = test.Find<wxBookCtrlBase>("tbsMain");
     click(1);
     click(2);

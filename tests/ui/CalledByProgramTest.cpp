@@ -2,6 +2,7 @@
 #include "platform/Processes.h"
 #include "sample/EquipmentDatabaseFile.h"
 #include "sample/SampleImage.h"
+#include "tests/support/FakeBrowser.h"
 #include "tests/support/OtherWindow.h"
 #include "tests/ui/WindowUnderTest.h"
 
@@ -18,6 +19,7 @@ namespace MFile = platform::MFile;
 
 constexpr char kQuestion[] = "View Available Updates?";
 constexpr char kNotice[] = "Update Available";
+constexpr char kReminder[] = "Reminder to Close Open Programs";
 constexpr char kMainWindow[] = "Velmo Software Update Manager";
 
 /// Another of the vendor's programs starts the real update manager, in a process of its own.
@@ -86,12 +88,23 @@ TEST_F(CalledByProgramTest, WithoutUpdatesThePersonSeesNothing)
 
 TEST_F(CalledByProgramTest, AnUpdateOfTheProgramAloneIsTold)
 {
+    const FakeBrowser browser(m_desktop.desktop);
     Publish("16", "1/2/2025");
     const auto program = StartLoadcalc();
     Await(kNotice);
     EXPECT_FALSE(IsOnScreen(kMainWindow));
     PressButton(kNotice, 'c');
     EXPECT_EQ(ExitCodeOf(program), 0);
+    EXPECT_TRUE(browser.Opened().empty());
+
+    const auto again = StartLoadcalc();
+    Await(kNotice);
+    PressButton(kNotice, 'd');
+    Await(kReminder);
+    PressButton(kReminder, 'o');
+    EXPECT_EQ(ExitCodeOf(again), 0);
+    WaitFor(m_loop, "the setup in the browser", [&] { return !browser.Opened().empty(); });
+    EXPECT_EQ(browser.Opened().back(), m_desktop.server.Url("/pub/demo/lc8setup.exe"));
 }
 
 TEST_F(CalledByProgramTest, EquipmentUpdatesAreAskedAboutAndNoEndsIt)

@@ -154,6 +154,40 @@ TEST(MainWindowTest, ASplitterPositionOutsideThePanelBecomes600)
     }
 }
 
+TEST(MainWindowTest, ABarAtTheTopStaysThere)
+{
+    const WindowDesktop desktop;
+    desktop.WriteSettings(std::string(kNoAutoConnect) +
+                          "[Main Window]\r\nSliderTopPrograms=-5\r\n");
+    WindowUnderTest test;
+    test.window->Open("");
+    const auto& splitter = test.Find<CHorizontalSplitter>("fraSplitterProgram");
+    test.WaitFor("the bar", [&] { return splitter.BarTop() == 600; });
+    test.window->Close();
+    EXPECT_EQ(desktop.Setting("Main Window", "SliderTopPrograms"), "600");
+}
+
+TEST(MainWindowTest, DatabasesAreShownToThoseWhoAskForThem)
+{
+    WindowDesktop desktop;
+    desktop.ServeLists(kVersionList);
+    {
+        WindowUnderTest test;
+        test.window->Open("Manufacturer Databases");
+        EXPECT_EQ(test.Find<wxBookCtrlBase>("tbsMain").GetSelection(), 1);
+        test.WaitFor("the fetch", [&] { return test.manager.Lists().Succeeded(); });
+        test.WaitFor("its end", [&] { return !test.manager.Lists().Busy(); });
+        EXPECT_TRUE(test.prompts.notices.empty()) << "no program was named";
+    }
+    for (const bool databases : {true, false})
+    {
+        WindowUnderTest test;
+        test.window->OpenOnUpdates("Loadcalc 8", databases);
+        EXPECT_EQ(test.Find<wxBookCtrlBase>("tbsMain").GetSelection(), databases ? 1 : 0);
+        EXPECT_EQ(test.manager.Programs().List().SelectedRow()->key, "Loadcalc 8");
+    }
+}
+
 TEST(MainWindowTest, TheCheckBoxIsKeptAndDecidesAboutTheNextOpening)
 {
     WindowDesktop desktop;

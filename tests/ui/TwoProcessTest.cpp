@@ -28,6 +28,8 @@ TEST(TwoProcessTest, ASecondStartBringsTheMinimisedFirstBack)
     ASSERT_TRUE(started) << started.Failure().description;
     test.WaitFor("the window to come back", [&] { return !test.window->IsIconized(); });
     EXPECT_TRUE(test.window->IsShown());
+    test.WaitFor("the second's end", [&] { return !started.Value().IsRunning(); });
+    EXPECT_EQ(started.Value().ExitCode(), 0);
 }
 
 } // namespace

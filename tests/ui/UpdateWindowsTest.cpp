@@ -1,6 +1,7 @@
 #include "app/UpdateWindows.h"
 #include "app/ProgramInformation.h"
 #include "app/frmAbout.h"
+#include "sample/SampleImage.h"
 #include "tests/ui/WindowUnderTest.h"
 
 #include <gmock/gmock.h>
@@ -19,6 +20,7 @@ namespace
 {
 
 constexpr char kProgram[] = "Loadcalc 8";
+constexpr ProgramVersion kOwn{1, 5, 0};
 
 /// The manager with the windows of update checking, and what it opened in the browser.
 class UpdateWindowsTest : public testing::Test
@@ -199,18 +201,43 @@ TEST_F(UpdateWindowsTest, TheUpdateManagerHasNeitherOptionsNorAPage)
               DialogAnswer::Close);
 }
 
-TEST_F(UpdateWindowsTest, AfterOpeningTheNamedProgramsStatusIsToldAndTheOwnUpdateOffered)
+TEST_F(UpdateWindowsTest, AfterOpeningTheNamedProgramsStatusIsTold)
 {
-    m_desktop.ServeLists("[Loadcalc 8]\r\nMajor=8\r\n[Update Manager 1]\r\nMajor=1\r\n");
+    m_desktop.desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.desktop.Folder());
     m_manager.FillLists();
     m_manager.Programs().List().Select(kProgram);
-    m_manager.RunAfterOpening(StartupRequest(kProgram), m_windows);
-    EXPECT_TRUE(m_manager.Lists().Succeeded());
-    EXPECT_THAT(m_prompts.Lines(),
-                testing::ElementsAre("Update Status Unknown|There was a problem in getting the "
-                                     "update status for Loadcalc 8."));
-    m_manager.RunAfterOpening(StartupRequest("Manufacturer Databases"), m_windows);
-    EXPECT_EQ(m_prompts.notices.size(), 1U);
+    const auto toldAfter = [this](const char* revision) {
+        m_desktop.ServeLists(std::string("[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=") +
+                             revision + "\r\n");
+        m_manager.RunAfterOpening(StartupRequest(kProgram), kOwn, m_windows);
+        EXPECT_TRUE(m_manager.Lists().Succeeded());
+        return m_prompts.Lines().back();
+    };
+    EXPECT_EQ(toldAfter("15"), "Update Status Unknown|There was a problem in getting the update "
+                               "status for Loadcalc 8.");
+    m_desktop.desktop.Write(
+        "Loadcalc8.exe",
+        sample::WriteSampleImage({"Loadcalc", "Loadcalc", "Loadcalc8.exe", {8, 2, 15}}));
+    EXPECT_EQ(toldAfter("15"), "Up to Date|Loadcalc 8 is up to date.");
+    EXPECT_EQ(toldAfter("16"), "Need to Update|Loadcalc 8 needs to be updated.  Click \"Download "
+                               "Update for Loadcalc 8\" to download and install the update.");
+    m_manager.RunAfterOpening(StartupRequest("Manufacturer Databases"), kOwn, m_windows);
+    EXPECT_EQ(m_prompts.notices.size(), 3U);
+    m_manager.DeleteLists();
+}
+
+TEST_F(UpdateWindowsTest, AfterOpeningAnUpdateOfTheUpdateManagerIsOffered)
+{
+    m_desktop.ServeLists("[Update Manager 1]\r\nMajor=1\r\nMinor=6\r\n"
+                         "Demo URL=http://setups.example/velmoupd.exe\r\n");
+    WhenShown("frmUpdateDialog", [](wxWindow& window) {
+        EXPECT_EQ(TextOf(window, "lblProgram"), "Update Manager 1");
+        EXPECT_EQ(TextOf(window, "lblInstalledVersion"), "1.05.0");
+        Press(window, "cmdDownload");
+    });
+    m_manager.RunAfterOpening(StartupRequest(""), kOwn, m_windows);
+    EXPECT_THAT(m_opened, testing::ElementsAre("http://setups.example/velmoupd.exe"));
+    EXPECT_EQ(m_prompts.notices.size(), 1U) << "the reminder";
     m_manager.DeleteLists();
 }
 

@@ -207,18 +207,20 @@ TEST_F(StartupCheckTest, ACallerIsRememberedOnceAndNobodyElse)
 TEST_F(StartupCheckTest, TheUpdateManagersOwnUpdateIsOfferedWhenItIsOlder)
 {
     constexpr char kOwn[] = "[Update Manager 1]\r\nMajor=1\r\nMinor=5\r\n";
-    EXPECT_FALSE(m_check.CheckSelf()) << "no list";
+    constexpr ProgramVersion kRunning{1, 5, 0};
+    EXPECT_FALSE(m_check.CheckSelf({})) << "no list";
     m_desktop.Write("version.ini", kOwn);
-    EXPECT_FALSE(m_check.CheckSelf()) << "not installed where it is looked for";
+    EXPECT_FALSE(m_check.CheckSelf(kRunning)) << "runs from elsewhere";
+    EXPECT_EQ(m_check.CheckSelf({}).value().installedVersion, "0.00.0");
     Install("VelmoUpd.exe", {1, 4, 12});
-    const auto notice = m_check.CheckSelf();
+    const auto notice = m_check.CheckSelf(kRunning);
     ASSERT_TRUE(notice);
     EXPECT_EQ(notice->index, 31);
     EXPECT_EQ(notice->program, "Update Manager 1");
     EXPECT_EQ(notice->installedVersion, "1.04.12");
     EXPECT_EQ(notice->latestVersion, "1.05.0");
     Install("VelmoUpd.exe", {1, 5, 0});
-    EXPECT_FALSE(m_check.CheckSelf());
+    EXPECT_FALSE(m_check.CheckSelf({}));
 }
 
 } // namespace

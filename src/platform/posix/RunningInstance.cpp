@@ -14,7 +14,7 @@
 #include <cstring>
 #include <filesystem>
 #include <functional>
-#include <future>
+#include <memory>
 #include <thread>
 #include <utility>
 
@@ -94,7 +94,6 @@ struct InstanceListener::State
     std::jthread thread;
 
     void Serve(MessageLoop& loop, const std::function<bool()>& comeForward) const;
-    void Answer(int client, MessageLoop& loop, const std::function<bool()>& comeForward) const;
 
     ~State() { wakeUp[1] = Descriptor(); }
 };
@@ -165,26 +164,14 @@ void InstanceListener::State::Serve(MessageLoop& loop,
         {
             return;
         }
-        const Descriptor client(accept4(listener.Get(), nullptr, nullptr, SOCK_CLOEXEC));
-        if (client.Get() >= 0)
-        {
-            Answer(client.Get(), loop, comeForward);
-        }
+        // The loop answers when it gets to it; should it end before, the client hears that there is no window.
+        const auto client = std::make_shared<const Descriptor>(
+            accept4(listener.Get(), nullptr, nullptr, SOCK_CLOEXEC));
+        loop.Post([client, comeForward] {
+            const char reply = comeForward() ? kYes : kNo;
+            (void)!send(client->Get(), &reply, 1, MSG_NOSIGNAL);
+        });
     }
-}
-
-void InstanceListener::State::Answer(int client, MessageLoop& loop,
-                                     const std::function<bool()>& comeForward) const
-{
-    // Shared with the loop, which may get to it only after this thread gave up waiting.
-    const auto answer = std::make_shared<std::promise<bool>>();
-    std::future<bool> answered = answer->get_future();
-    loop.Post([answer, comeForward] { answer->set_value(comeForward()); });
-    const auto limit = std::chrono::milliseconds(kAnswerTimeoutMs);
-    const bool forward = answered.wait_for(limit) == std::future_status::ready && answered.get();
-    const char reply = forward ? kYes : kNo;
-    // A client that went away needs no answer.
-    (void)!send(client, &reply, 1, MSG_NOSIGNAL);
 }
 
 } // namespace velmo::platform

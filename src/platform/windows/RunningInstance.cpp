@@ -60,7 +60,9 @@ struct RunningInstance::State
 RunningInstance::RunningInstance(std::string_view name) : m_state(std::make_unique<State>())
 {
     m_state->mutex = CreateMutexW(nullptr, FALSE, Wide(name).c_str());
-    m_state->hasPrevious = GetLastError() == ERROR_ALREADY_EXISTS;
+    const DWORD error = GetLastError();
+    // An instance that runs as administrator may keep its mark to itself.
+    m_state->hasPrevious = error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED;
 }
 
 RunningInstance::~RunningInstance() = default;

@@ -32,11 +32,14 @@ struct Search
 BOOL CALLBACK LookAt(HWND control, LPARAM parameter)
 {
     auto& search = *reinterpret_cast<Search*>(parameter);
+    wchar_t kind[100] = L"";
+    GetClassNameW(control, kind, 100);
     wchar_t text[100] = L"";
     GetWindowTextW(control, text, 100);
     const std::wstring_view caption(text);
+    // A message box marks no letter of its "OK".
     const std::size_t mark = caption.find(L'&');
-    if (mark + 1 < caption.size() &&
+    if (kind == std::wstring_view(L"Button") && mark + 1 < caption.size() &&
         static_cast<wchar_t>(std::towlower(caption[mark + 1])) == search.mnemonic)
     {
         search.found = control;
