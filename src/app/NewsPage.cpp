@@ -3,11 +3,12 @@
 #include "manager/UpdateManager.h"
 #include "news/Headlines.h"
 #include "ui/BrowserPane.h"
+#include "ui/CHorizontalSplitter.h"
 #include "ui/LinkGrid.h"
+#include "ui/Twips.h"
 #include "ui/WxText.h"
 
 #include <wx/sizer.h>
-#include <wx/splitter.h>
 
 #include <utility>
 #include <vector>
@@ -20,17 +21,15 @@ namespace
 constexpr char kEmptyPage[] = "The news are shown here.";
 constexpr std::string_view kNewsPage = "/web/newsroom/index.htm#latestnews";
 
-/// First height of the headlines, and the least of either part, in device-independent pixels.
-constexpr int kHeadlinesHeight = 190;
-constexpr int kLeastHeight = 80;
+/// Headlines that are seen at first.
+constexpr int kHeadlines = 7;
 
 } // namespace
 
 NewsPage::NewsPage(wxWindow* parent, UpdateManager& manager, Host host)
     : wxPanel(parent, wxID_ANY), m_manager(manager)
 {
-    auto* splitter = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                          wxSP_LIVE_UPDATE | wxSP_3DSASH);
+    auto* splitter = new CHorizontalSplitter(this, "fraSplitterNews");
     m_headlines = new LinkGrid(
         splitter, "flxNewsHeadlines", ToWx(kHeadlinesTitle),
         [this, front = std::move(host.bringToFront)](const std::string& link) {
@@ -39,8 +38,8 @@ NewsPage::NewsPage(wxWindow* parent, UpdateManager& manager, Host host)
         },
         std::move(host.showLink));
     m_browser = new BrowserPane(splitter, "webNews", kEmptyPage, std::move(host.openInUserBrowser));
-    splitter->SetMinimumPaneSize(FromDIP(kLeastHeight));
-    splitter->SplitHorizontally(m_headlines, m_browser, FromDIP(kHeadlinesHeight));
+    splitter->Init(m_headlines, m_browser,
+                   TwipsOfPixels(*splitter, m_headlines->HeightOf(kHeadlines)));
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(splitter, wxSizerFlags(1).Expand().Border());
     SetSizer(sizer);

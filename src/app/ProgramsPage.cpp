@@ -50,7 +50,7 @@ ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, UpdateWindo
     auto* instructions = new wxStaticText(this, wxID_ANY, kInstructions);
     instructions->SetName("lblInstructions");
 
-    m_splitter = new CHorizontalSplitter(this);
+    m_splitter = new CHorizontalSplitter(this, "fraSplitterProgram");
     m_list = new ListView(m_splitter, manager.Programs().List(), [&manager](std::size_t column) {
         const CListViewHandler handler(manager.Settings());
         handler.ColumnClick(manager.Programs().List(), column);

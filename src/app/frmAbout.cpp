@@ -13,7 +13,7 @@ namespace velmo
 namespace
 {
 
-constexpr int kTextWidth = 360;
+constexpr int kTextWidth = 50; ///< In characters.
 
 } // namespace
 
@@ -26,7 +26,7 @@ frmAbout::frmAbout(wxWindow* parent, const ProgramInformation& information)
     const auto add = [this, sizer](const char* name, const std::string& text) {
         auto* label = new wxStaticText(this, wxID_ANY, wxControl::EscapeMnemonics(ToWx(text)));
         label->SetName(name);
-        label->Wrap(FromDIP(kTextWidth));
+        label->Wrap(kTextWidth * GetCharWidth());
         sizer->Add(label, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(16)));
         return label;
     };

@@ -109,6 +109,16 @@ void frmMain::CreateWindow()
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
 }
 
+#ifdef __WXMSW__
+bool frmMain::MSWTranslateMessage(WXMSG* message)
+{
+    // The toolkit looks for an underlined letter in the innermost panel around the focus only; here it
+    // means any control that is seen.
+    return wxFrame::MSWTranslateMessage(message) ||
+           (message->message == WM_SYSCHAR && ::IsDialogMessageW(GetHwnd(), message) != FALSE);
+}
+#endif
+
 void frmMain::CreateMenus()
 {
     auto* file = new wxMenu;

@@ -43,6 +43,9 @@ class frmMain final : public wxFrame, private UpdateManagerView
     bool ComeForward();
 
   private:
+#ifdef __WXMSW__
+    bool MSWTranslateMessage(WXMSG* message) override;
+#endif
     void CreateWindow();
     void CreateMenus();
     void CreateControls();

@@ -24,15 +24,16 @@ double UsableBarTop(double stored, double innerHeight)
     return stored < 0 || stored >= innerHeight ? kFallbackBarTop : stored;
 }
 
-CHorizontalSplitter::CHorizontalSplitter(wxWindow* parent)
+CHorizontalSplitter::CHorizontalSplitter(wxWindow* parent, const wxString& name)
     : wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                        wxSP_LIVE_UPDATE | wxSP_3DSASH)
 {
-    SetName("fraSplitterProgram");
+    SetName(name);
     SetMinimumPaneSize(1);
-    SetSashGravity(1.0);
     Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [this](wxSplitterEvent& event) {
+        // Only the person's dragging is told here, not the toolkit's own moves while it lays out.
         event.SetSashPosition(WithinMargins(event.GetSashPosition()));
+        m_wanted = TwipsOfPixels(*this, event.GetSashPosition());
     });
     Bind(wxEVT_SPLITTER_DOUBLECLICKED, [](wxSplitterEvent& event) { event.Veto(); });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -55,15 +56,10 @@ void CHorizontalSplitter::RefreshBar()
     {
         return;
     }
-    int position = GetSashPosition();
-    if (!m_placed)
-    {
-        const double design = TwipsOfPixels(*this, height) * kDesignPart;
-        position = PixelsOfTwips(
-            *this, UsableBarTop(m_wanted.value_or(design), TwipsOfPixels(*this, height)));
-        m_placed = true;
-    }
-    position = WithinMargins(position);
+    const double innerHeight = TwipsOfPixels(*this, height);
+    const double top = UsableBarTop(m_wanted.value_or(innerHeight * kDesignPart), innerHeight);
+    const int position = WithinMargins(PixelsOfTwips(*this, top));
+    m_placed = true;
     if (position != GetSashPosition())
     {
         SetSashPosition(position);

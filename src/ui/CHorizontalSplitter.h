@@ -9,20 +9,21 @@ namespace velmo
 
 /**
     A bar between the control above it and the control below it in one container. The person drags
-    it; it keeps within its two margins when dragged and when the container is resized. Positions are
-    twips from the container's top (Twips.h).
+    it. When the container is resized, it stays where it was put, or at its part of the height when
+    nobody put it anywhere, and within its two margins. Positions are twips from the container's top
+    (Twips.h).
  */
 class CHorizontalSplitter final : public wxSplitterWindow
 {
   public:
     /// The container; its children are the two controls.
-    explicit CHorizontalSplitter(wxWindow* parent);
+    CHorizontalSplitter(wxWindow* parent, const wxString& name);
 
     /// Puts the two controls in place, with the bar at @a barTop, or at its design position for none.
     /// A position that is negative or not above the container's bottom becomes 600.
     void Init(wxWindow* above, wxWindow* below, std::optional<double> barTop);
 
-    /// Moves the bar back within its margins.
+    /// Puts the bar where it belongs in the container's present size.
     void RefreshBar();
 
     /// Nothing before the bar has its place.
@@ -39,7 +40,7 @@ class CHorizontalSplitter final : public wxSplitterWindow
     [[nodiscard]] int WithinMargins(int position) const;
 
     bool m_placed = false;          ///< Not before the container has its first real size.
-    std::optional<double> m_wanted; ///< Where the bar shall be then.
+    std::optional<double> m_wanted; ///< Where the bar was put; nothing: at its design position.
 };
 
 /// What becomes of a stored position in a container of @a innerHeight (both in twips).

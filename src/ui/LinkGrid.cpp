@@ -77,6 +77,11 @@ void LinkGrid::SetLines(const std::vector<LinkLine>& lines)
     EndBatch();
 }
 
+int LinkGrid::HeightOf(int lines) const
+{
+    return GetColLabelSize() + lines * GetDefaultRowSize();
+}
+
 std::string LinkGrid::LinkOf(int row) const
 {
     return row >= 0 && row < const_cast<LinkGrid*>(this)->GetNumberRows()

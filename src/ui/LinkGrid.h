@@ -31,6 +31,9 @@ class LinkGrid final : public wxGrid
 
     void SetLines(const std::vector<LinkLine>& lines);
 
+    /// Height in pixels at which the header and that many lines are seen.
+    [[nodiscard]] int HeightOf(int lines) const;
+
     /// The link of a row, from 0; empty for a row that is none.
     [[nodiscard]] std::string LinkOf(int row) const;
 

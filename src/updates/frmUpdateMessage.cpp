@@ -19,7 +19,7 @@ namespace
 {
 
 constexpr std::string_view kSection = "Update Message";
-constexpr int kTextWidth = 440;
+constexpr int kTextWidth = 60; ///< In characters.
 
 } // namespace
 
@@ -73,7 +73,7 @@ void frmUpdateMessage::CreateControls()
 void frmUpdateMessage::ShowQuestion()
 {
     m_instructions->SetLabel(ToWx(m_question));
-    m_instructions->Wrap(FromDIP(kTextWidth));
+    m_instructions->Wrap(kTextWidth * GetCharWidth());
     GetSizer()->SetSizeHints(this);
 }
 

@@ -7,6 +7,7 @@
 #include "tests/ui/WindowUnderTest.h"
 #include "ui/BrowserPane.h"
 #include "ui/LinkGrid.h"
+#include "ui/ListView.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,6 +16,10 @@
 #include <wx/clipbrd.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
+
+#ifdef __WXMSW__
+#include <wx/msw/private.h>
+#endif
 
 #include <set>
 
@@ -163,6 +168,19 @@ TEST_F(ActionsTest, TheWindowStaysWhileAnotherOneWaitsForAnAnswer)
     test.window->ProcessWindowEvent(choose);
     EXPECT_TRUE(test.window->Close());
 }
+
+#ifdef __WXMSW__
+TEST_F(ActionsTest, AnUnderlinedLetterReachesItsControlFromTheList)
+{
+    WindowUnderTest test;
+    Open(test, "Loadcalc 8");
+    constexpr LPARAM kWithAlt = LPARAM{1} << 29;
+    ::PostMessageW(test.Find<ListView>("lvwMain").GetHandle(), WM_SYSCHAR, L'r', kWithAlt);
+    test.WaitFor("another fetch",
+                 [&] { return m_desktop.server.CountOf("/pub/demo/version.ini") == 2; });
+    test.WaitFor("its end", [&] { return !test.manager.Lists().Busy(); });
+}
+#endif
 
 TEST_F(ActionsTest, DetailsForSupportAreCopiedAndAMissingLogIsTold)
 {
