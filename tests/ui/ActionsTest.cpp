@@ -214,6 +214,10 @@ TEST_F(ActionsTest, AHeadlineOpensInTheNewsPaneAndOnlyWebLinksDo)
     Open(test, "");
     auto& grid = test.Find<LinkGrid>("flxNewsHeadlines");
     ASSERT_EQ(grid.GetNumberRows(), 3);
+    EXPECT_EQ(grid.GetColLabelValue(1), "Latest Velmo Software News Headlines");
+    EXPECT_FALSE(grid.IsColShown(0)) << "links are hidden";
+    EXPECT_TRUE(grid.GetCellFont(0, 1).GetUnderlined());
+    EXPECT_FALSE(grid.GetCellFont(1, 1).GetUnderlined());
     EXPECT_EQ(grid.GetCellValue(1, 1), "Just a line");
     EXPECT_EQ(grid.LinkOf(1), "");
     EXPECT_EQ(grid.LinkOf(2), "");

@@ -176,6 +176,7 @@ TEST_F(UpdateWindowsTest, TheUpdateDialogTellsOffersAndLeadsOn)
                   "download the setup file for this update.  Be sure to close Loadcalc 8 before "
                   "installing the update.");
         EXPECT_EQ(TextOf(window, "cmdUpdateOptions"), "Loadcalc 8 Update Options...");
+        EXPECT_EQ(TextOf(window, "cmdDownload"), "Download Update");
         Press(window, "cmdGoToUpdatePage");
         WhenShown("frmUpdateOptions", [](wxWindow& options) { Press(options, "cmdCancel"); });
         Press(window, "cmdUpdateOptions");
