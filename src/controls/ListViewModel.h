@@ -15,12 +15,11 @@ enum class SortOrder
     Descending = 1,
 };
 
-/// One row of a list: its cells in column order, and what the program keeps with it.
+/// One row of a list: its cells in column order.
 struct ListRow
 {
     std::string key; ///< Unique in the list.
     std::vector<std::string> cells;
-    std::string tag;
     bool bold = false; ///< The whole row.
 };
 

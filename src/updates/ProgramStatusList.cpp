@@ -100,10 +100,9 @@ ListRow ProgramStatusList::MakeRow(std::int32_t index, bool versionListPresent) 
     std::string_view status = kUnknown;
     if (versionListPresent)
     {
-        ListedProgram listed = m_versionList.Read(name);
+        const ListedProgram listed = m_versionList.Read(name);
         status = Status(installed, listed.latest, canBeLocated);
-        latestText = std::move(listed.versionText);
-        row.tag = std::move(listed.demoUrl);
+        latestText = listed.versionText;
     }
     row.cells = {name, StartupText(name), InstalledText(installed, canBeLocated),
                  std::move(latestText), std::string(status)};

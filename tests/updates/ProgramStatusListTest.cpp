@@ -51,50 +51,34 @@ TEST_F(ProgramStatusListTest, TheStatusFollowsFromInstalledAndLatestVersion)
     const struct
     {
         const char* program;
-        const char* installed; ///< Of Loadcalc 8; empty: not installed.
-        const char* list;
-        std::array<const char*, 3> cells; ///< Installed, latest, status.
+        const char* installed;             ///< Of Loadcalc 8; empty: not installed.
+        std::array<const char*, 3> listed; ///< Major, minor, revision as far as they are there.
+        std::array<const char*, 3> cells;  ///< Installed, latest, status.
     } rows[] = {
-        {"Loadcalc 8",
-         "8.02.0015",
-         "Major=8\r\nMinor=2\r\nRevision=15",
-         {"8.02.15", "8.02.15", "No"}},
-        {"Loadcalc 8",
-         "8.02.0014",
-         "Major=8\r\nMinor=2\r\nRevision=15",
-         {"8.02.14", "8.02.15", "Yes"}},
-        {"Loadcalc 8",
-         "8.03.0000",
-         "Major=8\r\nMinor=2\r\nRevision=99",
-         {"8.03.0", "8.02.99", "No"}},
-        {"Loadcalc 8",
-         "9.00.0000",
-         "Major=8\r\nMinor=5\r\nRevision=1",
-         {"9.00.0", "8.05.1", "Yes"}},
-        {"Loadcalc 8", "8.02.0015", "Major=8\r\nMinor=2", {"8.02.15", "8.02.0", "No"}},
-        {"Loadcalc 8", "8.02.0015", "Major=8\r\nMinor=2\r\nRevision=-1", {"8.02.15", "8.02", "No"}},
-        {"Loadcalc 8",
-         "8.02.0015",
-         "Major=8\r\nMinor=99999999999\r\nRevision=7",
-         {"8.02.15", "8.00.7", "No"}},
-        {"Loadcalc 8", "8.02.0015", "Major=0\r\nMinor=2\r\nRevision=1", {"8.02.15", "?", "?"}},
-        {"Loadcalc 8", "8.02.0015", "Major=99999999999\r\nMinor=2", {"8.02.15", "?", "?"}},
-        {"Loadcalc 8", "8.02.0015", "", {"8.02.15", "?", "?"}},
-        {"Loadcalc 8",
-         "",
-         "Major=8\r\nMinor=2\r\nRevision=15",
-         {"Not Installed", "8.02.15", "No (Try Demo)"}},
-        {"Loadcalc 8", "beta", "Major=8", {"Not Installed", "8.00.0", "No (Try Demo)"}},
-        {"Pipesize 3",
-         "8.02.0015",
-         "Major=3\r\nMinor=0\r\nRevision=1",
-         {"?", "3.00.1", "? (Try Demo)"}},
-        {"Pipesize 3", "8.02.0015", "", {"?", "?", "?"}},
+        {"Loadcalc 8", "8.02.0015", {"8", "2", "15"}, {"8.02.15", "8.02.15", "No"}},
+        {"Loadcalc 8", "8.02.0014", {"8", "2", "15"}, {"8.02.14", "8.02.15", "Yes"}},
+        {"Loadcalc 8", "9.00.0000", {"8", "5", "1"}, {"9.00.0", "8.05.1", "Yes"}},
+        {"Loadcalc 8", "8.02.0015", {"8", "2"}, {"8.02.15", "8.02.0", "No"}},
+        {"Loadcalc 8", "8.02.0015", {"8", "2", "-1"}, {"8.02.15", "8.02", "No"}},
+        {"Loadcalc 8", "8.02.0015", {"8", "99999999999", "7"}, {"8.02.15", "8.00.7", "No"}},
+        {"Loadcalc 8", "8.02.0015", {"0", "2", "1"}, {"8.02.15", "?", "?"}},
+        {"Loadcalc 8", "8.02.0015", {"99999999999", "2"}, {"8.02.15", "?", "?"}},
+        {"Loadcalc 8", "8.02.0015", {}, {"8.02.15", "?", "?"}},
+        {"Loadcalc 8", "", {"8", "2", "15"}, {"Not Installed", "8.02.15", "No (Try Demo)"}},
+        {"Loadcalc 8", "beta", {"8"}, {"Not Installed", "8.00.0", "No (Try Demo)"}},
+        {"Pipesize 3", "8.02.0015", {"3", "0", "1"}, {"?", "3.00.1", "? (Try Demo)"}},
+        {"Pipesize 3", "8.02.0015", {}, {"?", "?", "?"}},
     };
     for (const auto& row : rows)
     {
-        SCOPED_TRACE(std::string(row.program) + ": " + row.installed + ", " + row.list);
-        Show(row.installed, "[" + std::string(row.program) + "]\r\n" + row.list + "\r\n");
+        std::string list = "[" + std::string(row.program) + "]\r\n";
+        for (std::size_t i = 0; i < 3 && row.listed[i] != nullptr; ++i)
+        {
+            list += std::array{"Major=", "Minor=", "Revision="}[i] + std::string(row.listed[i]) +
+                    "\r\n";
+        }
+        SCOPED_TRACE(row.installed + list);
+        Show(row.installed, list);
         const ListRow* shown = m_programs.List().Find(row.program);
         ASSERT_NE(shown, nullptr);
         EXPECT_THAT(shown->cells,
@@ -108,7 +92,7 @@ TEST_F(ProgramStatusListTest, TheStatusFollowsFromInstalledAndLatestVersion)
 TEST_F(ProgramStatusListTest, WithoutAVersionListNothingIsKnownOfLatestVersions)
 {
     // A list that is not said to be there is not read.
-    Show("8.02.0014", "[Loadcalc 8]\r\nMajor=8\r\nMinor=3\r\nDemo URL=http://x/\r\n", false);
+    Show("8.02.0014", "[Loadcalc 8]\r\nMajor=8\r\nMinor=3\r\n", false);
     for (const ListRow& row : m_programs.List().Rows())
     {
         SCOPED_TRACE(row.key);
@@ -116,7 +100,6 @@ TEST_F(ProgramStatusListTest, WithoutAVersionListNothingIsKnownOfLatestVersions)
         EXPECT_EQ(row.cells[2] == "8.02.14", isInstalled);
         EXPECT_EQ(row.cells[3], "?");
         EXPECT_EQ(row.cells[4], "?");
-        EXPECT_EQ(row.tag, "");
         EXPECT_FALSE(row.bold);
     }
 }
@@ -168,13 +151,6 @@ TEST_F(ProgramStatusListTest, ARebuildKeepsTheSelectionInView)
     m_programs.Rebuild(true);
     EXPECT_EQ(m_programs.List().SelectedRow()->key, "Airflow 3");
     EXPECT_THAT(observer.rows, ElementsAre(32U));
-}
-
-TEST_F(ProgramStatusListTest, TheTagIsTheSetupThatTheListNames)
-{
-    Show("", "[Loadcalc 8]\r\nDemo URL=http://x/y.exe\r\n[Wiring 2]\r\nMajor=2\r\n");
-    EXPECT_EQ(m_programs.List().Find("Loadcalc 8")->tag, "http://x/y.exe");
-    EXPECT_EQ(m_programs.List().Find("Wiring 2")->tag, "");
 }
 
 TEST_F(ProgramStatusListTest, TheStartupColumnIsReadAgainOnRequest)

@@ -77,13 +77,5 @@ TEST_F(StartupOptionsTest, WhatTheProgramsDecideIsNotWritten)
                        "CheckForUpdateOnStartupOption=2\r\n");
 }
 
-TEST_F(StartupOptionsTest, AProgramIsIntegratedOnceItIsMarked)
-{
-    EXPECT_FALSE(IsIntegrated(m_settings, "Wiring 2"));
-    MarkIntegrated(m_settings, "Wiring 2");
-    EXPECT_TRUE(IsIntegrated(m_settings, "Wiring 2"));
-    EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"), "[Wiring 2]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
-}
-
 } // namespace
 } // namespace velmo
