@@ -69,13 +69,16 @@ int ShowWindows(UiRequest request, bool silent)
     {
         log.Failure(std::string("Loading ") + kUiLibrary, library.Failure());
     }
-    if (exitCode != kOtherBuild)
+    if (exitCode == 0)
     {
-        return exitCode;
+        return 0;
     }
-    const std::string text = std::string("The library ") + kUiLibrary +
-                             " beside this program is missing, damaged or of another version. "
-                             "Please install the program again.";
+    const std::string text =
+        exitCode == kOtherBuild
+            ? std::string("The library ") + kUiLibrary +
+                  " beside this program is missing, damaged or of another "
+                  "version. Please install the program again."
+            : "The windows cannot be shown; the log file says why: " + log.Path();
     log.Write(text);
     if (!silent)
     {

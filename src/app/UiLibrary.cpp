@@ -4,13 +4,16 @@
 #include "app/UpdateWindows.h"
 #include "app/VelmoUpdUi_export.h"
 #include "app/frmMain.h"
+#include "catalogue/CommonFolder.h"
 #include "controls/MousePointer.h"
+#include "ui/WxLog.h"
 #include "ui/WxMessageLoop.h"
 #include "ui/WxMousePointer.h"
 #include "ui/WxPrompts.h"
 #include "ui/WxText.h"
 
 #include <wx/app.h>
+#include <wx/apptrait.h>
 #include <wx/weakref.h>
 
 #ifdef __WXMSW__
@@ -33,6 +36,13 @@ StartupFindings FindingsOf(const UiRequest& request)
             request.latestVersion,
             {request.databases, request.pictures}};
 }
+
+/// The toolkit's, but for where it logs.
+class Traits final : public wxGUIAppTraits
+{
+  public:
+    wxLog* CreateLogTarget() override { return new WxLog(LogFilePath()); }
+};
 
 /// Lives while the toolkit does; builds the program in its order and hands the parts over.
 class Application final : public wxApp
@@ -81,6 +91,9 @@ class Application final : public wxApp
         m_loop.reset();
         return wxApp::OnExit();
     }
+
+  protected:
+    wxAppTraits* CreateTraits() override { return new Traits; }
 
   private:
     frmMain* LoadMainWindow()
