@@ -73,12 +73,13 @@ int ShowWindows(UiRequest request, bool silent)
     {
         return 0;
     }
-    const std::string text =
-        exitCode == kOtherBuild
-            ? std::string("The library ") + kUiLibrary +
-                  " beside this program is missing, damaged or of another "
-                  "version. Please install the program again."
-            : "The windows cannot be shown; the log file says why: " + log.Path();
+    std::string text = "The program's windows cannot be shown.";
+    if (exitCode == kOtherBuild)
+    {
+        text = std::string("The library ") + kUiLibrary +
+               " beside this program is missing, damaged or of another version. Please install the "
+               "program again.";
+    }
     log.Write(text);
     if (!silent)
     {
