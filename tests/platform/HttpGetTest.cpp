@@ -124,6 +124,7 @@ TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
         {"closed within the body", {head, FaultServer::Send(part)}, 12030},
         {"announced too large", {FaultServer::Head(5000)}, 223},
         {"too large", FaultServer::Chunked(std::string(2000, 'x')), 223},
+        {"as large as allowed", FaultServer::Answer("200 OK", std::string(1500, 'x')), 0},
     };
     HttpLimits limits = Patient();
     limits.mostBytes = 1500;
