@@ -22,6 +22,9 @@ namespace
 using sample::VersionResource;
 namespace MFile = platform::MFile;
 
+constexpr std::int32_t kKept = -7;
+using Parts = std::array<std::int32_t, 3>;
+
 class LocatorTest : public testing::Test
 {
   protected:
@@ -34,6 +37,18 @@ class LocatorTest : public testing::Test
     }
 
     CVelmoProgramCommunicator Locator() { return {m_log, m_prompts}; }
+
+    /// The version of a program, after "Loadcalc8.exe" was given that resource.
+    Parts FileVersion(std::int32_t number, const VersionResource* version = nullptr)
+    {
+        if (version != nullptr)
+        {
+            m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {*version}}));
+        }
+        Parts parts{kKept, kKept, kKept};
+        Locator().SetFileVersion(number, parts[0], parts[1], parts[2]);
+        return parts;
+    }
 
     const test::TemporaryDesktop m_desktop;
     DiagnosticLog m_log{m_desktop.Folder() + "locator.log"};
@@ -82,30 +97,22 @@ TEST_F(LocatorTest, FoldersComeFromWinIniElseFromTheUsersSettings)
     }
 }
 
-TEST_F(LocatorTest, WithoutACommonFolderWhatLiesInItHasNoFolder)
+TEST_F(LocatorTest, WithoutACommonFolderWhatLiesInItHasNoneAndOtherNumbersAreAnError)
 {
-    for (const std::int32_t number : {0, 19, 28, 30, 31})
+    constexpr std::pair<std::int32_t, bool> kRows[] = {
+        {0, true},   {19, true},  {28, true},  {30, true},        {31, true},
+        {-1, false}, {15, false}, {32, false}, {INT32_MAX, false}};
+    for (const auto& [number, isKnown] : kRows)
     {
+        SCOPED_TRACE(number);
         auto locator = Locator();
-        EXPECT_EQ(locator.FolderName(number), "") << number;
-        EXPECT_EQ(ErrorSource(locator), "");
-    }
-}
-
-TEST_F(LocatorTest, NumbersWithoutAFolderAreAnError)
-{
-    for (const std::int32_t number : {-1, 15, 32, INT32_MAX})
-    {
-        auto locator = Locator();
-        EXPECT_EQ(locator.FolderName(number), "") << number;
-        EXPECT_EQ(ErrorSource(locator), "CVelmoProgramCommunicator::FolderName") << number;
+        EXPECT_EQ(locator.FolderName(number), "");
+        EXPECT_EQ(ErrorSource(locator), isKnown ? "" : "CVelmoProgramCommunicator::FolderName");
     }
 }
 
 TEST_F(LocatorTest, VersionsAreSplitIntoThreeNumbers)
 {
-    constexpr std::int32_t kKept = -7;
-    using Parts = std::array<std::int32_t, 3>;
     const std::pair<const char16_t*, Parts> rows[] = {
         {u"8.02.0015", {8, 2, 15}},
         {u"8.2.1.4", {8, 2, 1}},
@@ -124,10 +131,7 @@ TEST_F(LocatorTest, VersionsAreSplitIntoThreeNumbers)
         VersionResource version;
         version.fileVersion = {9, 3, 4, 7};
         version.strings = {{u"040904B0", {{u"FileVersion", text}}}};
-        m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {version}}));
-        Parts parts{kKept, kKept, kKept};
-        Locator().SetFileVersion(12, parts[0], parts[1], parts[2]);
-        EXPECT_EQ(parts, expected);
+        EXPECT_EQ(FileVersion(12, &version), expected);
     }
 }
 
@@ -137,10 +141,7 @@ TEST_F(LocatorTest, ATranslationThatNamesNoTextsLeavesTheFixedNumbers)
     version.fileVersion = {8, 2, 0, 15};
     version.translations = {{0, 1200}};
     m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
-    m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {version}}));
-    std::array<std::int32_t, 3> parts{};
-    Locator().SetFileVersion(12, parts[0], parts[1], parts[2]);
-    EXPECT_EQ(parts, (std::array{8, 2, 15}));
+    EXPECT_EQ(FileVersion(12, &version), (Parts{8, 2, 15}));
 }
 
 TEST_F(LocatorTest, WithoutAVersionTheOutputsStay)
@@ -150,10 +151,7 @@ TEST_F(LocatorTest, WithoutAVersionTheOutputsStay)
     m_desktop.Write("Loadcalc8.exe", "no program");
     for (const std::int32_t number : {-1, 0, 4, 12, 13, 26})
     {
-        SCOPED_TRACE(number);
-        std::array<std::int32_t, 3> parts{1, 2, 3};
-        Locator().SetFileVersion(number, parts[0], parts[1], parts[2]);
-        EXPECT_EQ(parts, (std::array{1, 2, 3}));
+        EXPECT_EQ(FileVersion(number), (Parts{kKept, kKept, kKept})) << number;
     }
 }
 
