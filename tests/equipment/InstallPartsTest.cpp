@@ -13,6 +13,8 @@ namespace velmo
 namespace
 {
 
+using std::string_view_literals::operator""sv;
+
 TEST(PlainFileNameTest, OnlyAFileOfTheFolderItselfIsPlain)
 {
     for (const char* name : {"alder.exe", "Alder Air & Sons.exe", "a", ".hidden", "con1.exe",
@@ -21,34 +23,17 @@ TEST(PlainFileNameTest, OnlyAFileOfTheFolderItselfIsPlain)
         SCOPED_TRACE(name);
         EXPECT_TRUE(IsPlainFileName(name));
     }
-    for (const std::string& name : {std::string(),
-                                    std::string("."),
-                                    std::string(".."),
-                                    std::string("..\\a.exe"),
-                                    std::string("a/b.exe"),
-                                    std::string("\\a.exe"),
-                                    std::string("c:a.exe"),
-                                    std::string("a.exe:stream"),
-                                    std::string("a.exe."),
-                                    std::string("a.exe "),
-                                    std::string("nul"),
-                                    std::string("NUL.exe"),
-                                    std::string("con .exe"),
-                                    std::string("Aux.tar.exe"),
-                                    std::string("com1.exe"),
-                                    std::string("LPT9"),
-                                    std::string("com\xC2\xB2.exe"),
-                                    std::string("conin$"),
-                                    std::string("a\n.exe"),
-                                    std::string("a\0.exe", 6),
-                                    std::string("a\x7F.exe"),
-                                    std::string("a*.exe"),
-                                    std::string("\"a\".exe"),
-                                    std::string(300, 'a')})
-    {
-        SCOPED_TRACE(name);
-        EXPECT_FALSE(IsPlainFileName(name));
-    }
+    const auto expectNotPlain = [](std::initializer_list<std::string_view> names) {
+        for (const std::string_view name : names)
+        {
+            EXPECT_FALSE(IsPlainFileName(name)) << name;
+        }
+    };
+    expectNotPlain({"", ".", "..", "..\\a.exe", "a/b.exe", "\\a.exe", "c:a.exe", "a.exe:stream",
+                    "a.exe.", "a.exe ", "a\n.exe", "a\0.exe"sv, "a\x7F.exe", "a*.exe", "\"a\".exe",
+                    std::string(300, 'a')});
+    expectNotPlain({"nul", "NUL.exe", "con .exe", "Aux.tar.exe", "com1.exe", "LPT9",
+                    "com\xC2\xB2.exe", "conin$"});
 }
 
 TEST(InstallProgressTest, ABarSaysWhatHasComeAndRoundsAHalfToTheEvenPercent)
