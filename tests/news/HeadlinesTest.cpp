@@ -63,11 +63,5 @@ TEST_F(HeadlinesTest, ALinkThatIsNoPageCannotBeClickedAndIsLogged)
     EXPECT_NE(m_desktop.Read("VelmoUpd.log").find("calc.exe"), std::string::npos);
 }
 
-TEST_F(HeadlinesTest, AMissingFileOrSectionHasNone)
-{
-    EXPECT_TRUE(ReadHeadlines(m_desktop.Folder() + "none.ini", m_log).empty());
-    EXPECT_TRUE(Read("[Loadcalc 8]\r\nMajor=8\r\n").empty());
-}
-
 } // namespace
 } // namespace velmo

@@ -50,12 +50,5 @@ TEST(DesktopTest, UserSettingsKeepBlanksQuotesAndForeignText)
     EXPECT_EQ(ReadUserSetting(kVendor, "Odd", "Key"), std::nullopt);
 }
 
-TEST(DesktopTest, AnEmptyPolicyIsNone)
-{
-    const test::TemporaryDesktop desktop;
-    desktop.SetPolicy("WebServer", "");
-    EXPECT_EQ(ReadMachinePolicy("WebServer"), std::nullopt);
-}
-
 } // namespace
 } // namespace velmo::platform
