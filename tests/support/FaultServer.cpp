@@ -101,10 +101,7 @@ void FaultServer::Release(const std::string& path)
 void FaultServer::AwaitRequest(const std::string& path)
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [&] {
-        return std::any_of(m_requests.begin(), m_requests.end(),
-                           [&](const std::string& head) { return PathOf(head) == path; });
-    });
+    m_changed.wait(lock, [&] { return std::ranges::count(m_requests, path, PathOf) > 0; });
 }
 
 std::vector<std::string> FaultServer::Requests() const
@@ -116,9 +113,7 @@ std::vector<std::string> FaultServer::Requests() const
 int FaultServer::CountOf(const std::string& path) const
 {
     const std::lock_guard lock(m_mutex);
-    return static_cast<int>(
-        std::count_if(m_requests.begin(), m_requests.end(),
-                      [&](const std::string& head) { return PathOf(head) == path; }));
+    return static_cast<int>(std::ranges::count(m_requests, path, PathOf));
 }
 
 FaultServer::Script FaultServer::Answer(std::string_view statusLine, std::string_view content)
