@@ -55,15 +55,13 @@ TEST_F(CommandsTest, StatusSaysWhetherAnythingNeedsAnUpdate)
     {
         const char* list;
         int exitCode;
-        const char* line;
+        const char* end;
     } rows[] = {
-        {"Revision=14", 0,
-         "\nLoadcalc 8        -                            8.02.14            8.02.14         "
-         "No\n"},
-        {"Revision=15", 3,
-         "\nLoadcalc 8        -                            8.02.14            8.02.15         "
-         "Yes\n"},
+        {"Revision=14", 0, "8.02.14         No\n"},
+        {"Revision=15", 3, "8.02.15         Yes\n"},
     };
+    const std::string start =
+        "\nLoadcalc 8        -                            8.02.14            ";
     for (const auto& row : rows)
     {
         server.Serve("/pub/demo/version.ini",
@@ -72,7 +70,7 @@ TEST_F(CommandsTest, StatusSaysWhetherAnythingNeedsAnUpdate)
         EXPECT_THAT(m_output, testing::StartsWith("Program           Check for Update on Startup  "
                                                   "Installed Version  Latest Version  Need to "
                                                   "Update\n----------------  ----"));
-        EXPECT_THAT(m_output, HasSubstr(row.line));
+        EXPECT_THAT(m_output, HasSubstr(start + row.end));
         EXPECT_EQ(std::count(m_output.begin(), m_output.end(), '\n'), 2 + 33);
         EXPECT_EQ(m_errors, "");
     }

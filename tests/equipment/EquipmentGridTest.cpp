@@ -107,21 +107,17 @@ TEST_F(EquipmentGridTest, CommandsTickTheBoxesOfTheirRuleAndSection)
     EXPECT_EQ(Boxes(EquipmentColumn::InstallPictures), "....-..");
 }
 
-TEST_F(EquipmentGridTest, MarkingLeavesTicksThatAreThere)
+TEST_F(EquipmentGridTest, TheUserTicksOneCellOfTheBoxColumnsOnlyAndMarkingLeavesItTicked)
 {
-    m_grid.Toggle(6, Index(EquipmentColumn::InstallDatabase));
-    Run("mnuMarkAllDatabasesThatNeedUpdating");
-    EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), "xx....x");
-}
-
-TEST_F(EquipmentGridTest, TheUserTicksOneCellOfTheBoxColumnsOnly)
-{
-    EXPECT_TRUE(m_grid.Toggle(0, Index(EquipmentColumn::InstallDatabase)));
-    EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), "x......");
-    EXPECT_TRUE(m_grid.Toggle(0, Index(EquipmentColumn::InstallDatabase)));
-    EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), ".......");
+    for (const char* boxes : {"......x", ".......", "......x"})
+    {
+        EXPECT_TRUE(m_grid.Toggle(6, Index(EquipmentColumn::InstallDatabase)));
+        EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), boxes);
+    }
     EXPECT_FALSE(m_grid.Toggle(4, Index(EquipmentColumn::InstallPictures)));
     EXPECT_FALSE(m_grid.Toggle(0, Index(EquipmentColumn::SectionName)));
+    Run("mnuMarkAllDatabasesThatNeedUpdating");
+    EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), "xx....x");
 }
 
 TEST_F(EquipmentGridTest, ASetupCountsOnceHoweverManyOfItsRowsAreTicked)

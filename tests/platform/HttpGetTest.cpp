@@ -37,15 +37,8 @@ class TextSink : public ByteSink
 };
 
 /// Time limits that no healthy exchange on this machine meets.
-HttpLimits Patient()
-{
-    return {60s, 60s};
-}
-
-HttpLimits Impatient()
-{
-    return {300ms, 300ms};
-}
+constexpr HttpLimits kPatient{60s, 60s};
+constexpr HttpLimits kImpatient{300ms, 300ms};
 
 std::string AtPort(int port)
 {
@@ -88,7 +81,7 @@ TEST(HttpGetTest, WhatTheServerSendsArrives)
     {
         SCOPED_TRACE(row.path);
         TextSink sink;
-        const Result<Done> result = HttpGet(server.Url(row.path), Patient(), sink);
+        const Result<Done> result = HttpGet(server.Url(row.path), kPatient, sink);
         EXPECT_TRUE(result.Ok());
         EXPECT_EQ(sink.text, row.content);
         EXPECT_EQ(sink.announced, row.announced);
@@ -126,7 +119,7 @@ TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
         {"too large", FaultServer::Chunked(std::string(2000, 'x')), 223},
         {"as large as allowed", FaultServer::Answer("200 OK", std::string(1500, 'x')), 0},
     };
-    HttpLimits limits = Patient();
+    HttpLimits limits = kPatient;
     limits.mostBytes = 1500;
     for (const Fault& fault : faults)
     {
@@ -146,11 +139,11 @@ TEST(HttpGetTest, ABreakWithinTheBodyIsNoticed)
     server.Play("/cut", FaultServer::Chunked(part, false));
     if (test::RunsUnderWine())
     {
-        EXPECT_THAT(CodeOf(server.Url("/reset"), Patient()), AnyOf(12030, 12031));
+        EXPECT_THAT(CodeOf(server.Url("/reset"), kPatient), AnyOf(12030, 12031));
         return;
     }
-    EXPECT_EQ(CodeOf(server.Url("/reset"), Patient()), 12031);
-    EXPECT_EQ(CodeOf(server.Url("/cut"), Patient()), 12030);
+    EXPECT_EQ(CodeOf(server.Url("/reset"), kPatient), 12031);
+    EXPECT_EQ(CodeOf(server.Url("/cut"), kPatient), 12030);
 }
 
 TEST(HttpGetTest, AServerThatFallsSilentIsATimeout)
@@ -169,7 +162,7 @@ TEST(HttpGetTest, AServerThatFallsSilentIsATimeout)
     for (const std::string& url : urls)
     {
         SCOPED_TRACE(url);
-        EXPECT_EQ(CodeOf(url, Impatient()), 12002);
+        EXPECT_EQ(CodeOf(url, kImpatient), 12002);
     }
 }
 
@@ -195,7 +188,7 @@ TEST(HttpGetTest, AddressesThatLeadNowhereAreToldApart)
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.url);
-        EXPECT_EQ(CodeOf(row.url, Patient()), row.code);
+        EXPECT_EQ(CodeOf(row.url, kPatient), row.code);
     }
 }
 
@@ -207,8 +200,8 @@ TEST(HttpGetTest, FiveRedirectsAreFollowedAndASixthIsNot)
         server.Play("/" + std::to_string(i), FaultServer::Redirect("/" + std::to_string(i - 1)));
     }
     server.Serve("/0", "here");
-    EXPECT_EQ(CodeOf(server.Url("/5"), Patient()), 0);
-    EXPECT_EQ(CodeOf(server.Url("/6"), Patient()), 12156);
+    EXPECT_EQ(CodeOf(server.Url("/5"), kPatient), 0);
+    EXPECT_EQ(CodeOf(server.Url("/6"), kPatient), 12156);
     EXPECT_EQ(server.CountOf("/0"), 1);
 }
 
@@ -217,7 +210,7 @@ TEST(HttpGetTest, AnErrorStatusDescribesItselfAndItsPageIsNotPassedOn)
     FaultServer server;
     server.Play("/x", FaultServer::Answer("503 Back at noon", "<html>"));
     TextSink sink;
-    const Result<Done> result = HttpGet(server.Url("/x"), Patient(), sink);
+    const Result<Done> result = HttpGet(server.Url("/x"), kPatient, sink);
     ASSERT_FALSE(result.Ok());
     EXPECT_EQ(result.Failure().description, "503 Back at noon");
     EXPECT_EQ(sink.text, "");
@@ -232,7 +225,7 @@ TEST(HttpGetTest, TheSinksErrorEndsTheTransfer)
     FaultServer server;
     server.Play("/x", {FaultServer::Head(1000), FaultServer::Send("x"), FaultServer::Hold()});
     FullSink sink;
-    const Result<Done> result = HttpGet(server.Url("/x"), Patient(), sink);
+    const Result<Done> result = HttpGet(server.Url("/x"), kPatient, sink);
     ASSERT_FALSE(result.Ok());
     EXPECT_EQ(result.Failure().code, 112);
 }
@@ -252,15 +245,15 @@ TEST(HttpGetTest, AStopRequestEndsAReadWhereverItIs)
             stop.request_stop();
         });
         TextSink sink;
-        const HttpLimits limits{10min, 10min};
-        const Result<Done> result = HttpGet(server.Url(path), limits, sink, stop.get_token());
+        const Result<Done> result =
+            HttpGet(server.Url(path), HttpLimits{10min, 10min}, sink, stop.get_token());
         ASSERT_FALSE(result.Ok());
         EXPECT_EQ(result.Failure().code, 12017);
     }
     std::stop_source stopped;
     stopped.request_stop();
     TextSink sink;
-    const auto result = HttpGet(server.Url("/other"), Patient(), sink, stopped.get_token());
+    const auto result = HttpGet(server.Url("/other"), kPatient, sink, stopped.get_token());
     ASSERT_FALSE(result.Ok());
     EXPECT_EQ(result.Failure().code, 12017);
     EXPECT_EQ(server.CountOf("/other"), 0);
