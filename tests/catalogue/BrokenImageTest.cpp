@@ -24,10 +24,9 @@ constexpr std::uint32_t kSubdirectory = 0x80000000;
 
 sample::VersionResource Sample()
 {
-    sample::VersionResource version;
-    version.fileVersion = {4, 3, 2, 1};
-    version.strings = {{u"040904B0", {{u"FileVersion", u"4.03.0201"}, {u"ProductName", u"Ducts"}}}};
-    return version;
+    return {
+        .fileVersion = {4, 3, 2, 1},
+        .strings = {{u"040904B0", {{u"FileVersion", u"4.03.0201"}, {u"ProductName", u"Ducts"}}}}};
 }
 
 void Put32(std::string& bytes, std::size_t offset, std::uint32_t value)

@@ -90,9 +90,7 @@ TEST_F(FileVersionInfoTest, BuildAndRevisionShareTheThirdGroup)
     for (const auto& [words, text] : kRows)
     {
         SCOPED_TRACE(text);
-        VersionResource version;
-        version.structureVersion = 0x00030012;
-        version.fileVersion = words;
+        VersionResource version{.structureVersion = 0x00030012, .fileVersion = words};
         const CFileVersionInfo file = Read(version);
         EXPECT_EQ(file.VerFile(), text);
         EXPECT_EQ(file.VerProduct(), "0.00.0000");
@@ -139,13 +137,11 @@ TEST_F(FileVersionInfoTest, TheFixedNumbersReadAsWordsAndTheKindIsKeptWhereAFile
     for (const auto& row : kRows)
     {
         SCOPED_TRACE(testing::Message() << row.type << " " << row.subtype);
-        VersionResource version;
-        version.flagsMask = 0;
-        version.flags = row.flags;
-        version.os = row.os;
-        version.type = row.type;
-        version.subtype = row.subtype;
-        info.FullPathName(Write(version));
+        info.FullPathName(Write({.flagsMask = 0,
+                                 .flags = row.flags,
+                                 .os = row.os,
+                                 .type = row.type,
+                                 .subtype = row.subtype}));
         EXPECT_EQ(info.FileFlags(), row.flagsText);
         EXPECT_EQ(info.FileOS(), row.osText);
         EXPECT_EQ(info.FileType(), row.typeText);
@@ -210,8 +206,8 @@ TEST_F(FileVersionInfoTest, TheFirstTranslationNamesTheBlockOfTexts)
 
 TEST_F(FileVersionInfoTest, TextsThatAFileLacksAreKeptAndEmptyOnesTaken)
 {
-    VersionResource version;
-    version.strings = {{u"040904B0", {{u"CompanyName", u""}, {u"ProductName", u"Fans"}}}};
+    const VersionResource version{
+        .strings = {{u"040904B0", {{u"CompanyName", u""}, {u"ProductName", u"Fans"}}}}};
     CFileVersionInfo info = Read(AllTexts());
     info.FullPathName(Write(version));
     EXPECT_EQ(info.CompanyName(), "");
@@ -268,14 +264,14 @@ TEST_F(FileVersionInfoTest, OfSeveralResourcesNumberOneInTheBestLanguageIsTaken)
     const struct
     {
         std::vector<std::pair<std::uint16_t, std::uint16_t>> resources; ///< Number, language.
-        const char* taken; ///< The version, which ends in the language; nullptr: unavailable.
+        const char* taken; ///< The version, which ends in the language; empty: unavailable.
     } rows[] = {
         {{{1, 0x0407}, {1, 0x0009}, {1, 0x0409}, {1, 0}}, "1.00.0000"},
         {{{1, 0x0407}, {1, 0x0009}, {1, 0x0409}}, "1.00.1033"},
         {{{1, 0x0407}, {1, 0x0009}, {1, 0x0809}}, "1.00.0009"},
         {{{1, 0x0809}, {1, 0x040C}, {1, 0x0407}}, "1.00.1031"},
         {{{2, 0x0409}, {1, 0x0407}}, "1.00.1031"},
-        {{{2, 0x0409}, {0, 0x0407}}, nullptr},
+        {{{2, 0x0409}, {0, 0x0407}}, ""},
     };
     for (const auto& row : rows)
     {
@@ -283,16 +279,13 @@ TEST_F(FileVersionInfoTest, OfSeveralResourcesNumberOneInTheBestLanguageIsTaken)
         PeImage image;
         for (const auto& [number, language] : row.resources)
         {
-            VersionResource version;
-            version.id = number;
-            version.language = language;
-            version.fileVersion = {number, 0, 0, language};
-            image.versions.push_back(version);
+            image.versions.push_back(
+                {.id = number, .language = language, .fileVersion = {number, 0, 0, language}});
         }
         CFileVersionInfo info;
         info.FullPathName(m_desktop.Write("program.exe", sample::WritePeImage(image)));
-        EXPECT_EQ(info.Available(), row.taken != nullptr);
-        EXPECT_EQ(info.VerFile(), row.taken == nullptr ? "" : row.taken);
+        EXPECT_EQ(info.Available(), *row.taken != '\0');
+        EXPECT_EQ(info.VerFile(), row.taken);
     }
 }
 

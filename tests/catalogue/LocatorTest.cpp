@@ -128,18 +128,15 @@ TEST_F(LocatorTest, VersionsAreSplitIntoThreeNumbers)
     for (const auto& [text, expected] : rows)
     {
         SCOPED_TRACE(testing::PrintToString(std::u16string(text)));
-        VersionResource version;
-        version.fileVersion = {9, 3, 4, 7};
-        version.strings = {{u"040904B0", {{u"FileVersion", text}}}};
+        const VersionResource version{.fileVersion = {9, 3, 4, 7},
+                                      .strings = {{u"040904B0", {{u"FileVersion", text}}}}};
         EXPECT_EQ(FileVersion(12, &version), expected);
     }
 }
 
 TEST_F(LocatorTest, ATranslationThatNamesNoTextsLeavesTheFixedNumbers)
 {
-    VersionResource version;
-    version.fileVersion = {8, 2, 0, 15};
-    version.translations = {{0, 1200}};
+    const VersionResource version{.fileVersion = {8, 2, 0, 15}, .translations = {{0, 1200}}};
     m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
     EXPECT_EQ(FileVersion(12, &version), (Parts{8, 2, 15}));
 }

@@ -34,9 +34,9 @@ class CommandsTest : public testing::Test
 
     std::string WriteProgram(std::string_view name) const
     {
-        sample::VersionResource version;
-        version.fileVersion = {8, 2, 0, 14};
-        version.strings = {{u"040904B0", {{u"CompanyName", u"Arbor Works"}}}};
+        const sample::VersionResource version{
+            .fileVersion = {8, 2, 0, 14},
+            .strings = {{u"040904B0", {{u"CompanyName", u"Arbor Works"}}}}};
         return m_desktop.Write(name, sample::WritePeImage({true, {version}}));
     }
 
