@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace velmo
 {
 namespace
@@ -36,12 +38,7 @@ TEST(ProgramCatalogueTest, TheFirstRowOnTheCommandLineIsTheCaller)
 TEST(CatalogueChecksTest, EachKindOfBrokenTableIsFound)
 {
     using enum CatalogueFault;
-    const struct
-    {
-        const char* change;
-        void (*make)(Rows& rows);
-        CatalogueFault fault;
-    } rows[] = {
+    const std::tuple<const char*, void (*)(Rows&), CatalogueFault> rows[] = {
         {"none", [](Rows&) {}, None},
         {"index", [](Rows& r) { r[5].index = 6; }, IndexIsNotPosition},
         {"no version", [](Rows& r) { r[4].displayName = "Loadcalc"; }, NameWithoutMajorVersion},
@@ -74,11 +71,11 @@ TEST(CatalogueChecksTest, EachKindOfBrokenTableIsFound)
         {"own setup", [](Rows& r) { r[31].demoSetup = "/pub/demo/x.exe"; }, OwnRow},
         {"notifies", [](Rows& r) { r[4].notifiesOfEquipment = true; }, RowsThatNotifyOfEquipment},
     };
-    for (const auto& row : rows)
+    for (const auto& [change, make, fault] : rows)
     {
         Rows table = kPrograms;
-        row.make(table);
-        EXPECT_EQ(FirstFault(table), row.fault) << row.change;
+        make(table);
+        EXPECT_EQ(FirstFault(table), fault) << change;
     }
 }
 

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <tuple>
 
 namespace velmo::companion
 {
@@ -51,26 +52,21 @@ TEST_F(CommandsTest, StatusSaysWhetherAnythingNeedsAnUpdate)
     m_desktop.SetPolicy("WebServer", server.Url(""));
     m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
     WriteProgram("Loadcalc8.exe");
-    const struct
-    {
-        const char* list;
-        int exitCode;
-        const char* end;
-    } rows[] = {
+    const std::tuple<const char*, int, const char*> rows[] = {
         {"Revision=14", 0, "8.02.14         No\n"},
         {"Revision=15", 3, "8.02.15         Yes\n"},
     };
     const std::string start =
         "\nLoadcalc 8        -                            8.02.14            ";
-    for (const auto& row : rows)
+    for (const auto& [list, exitCode, end] : rows)
     {
         server.Serve("/pub/demo/version.ini",
-                     std::string("[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\n") + row.list);
-        EXPECT_EQ(Do({"status"}), row.exitCode);
+                     std::string("[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\n") + list);
+        EXPECT_EQ(Do({"status"}), exitCode);
         EXPECT_THAT(m_output, testing::StartsWith("Program           Check for Update on Startup  "
                                                   "Installed Version  Latest Version  Need to "
                                                   "Update\n----------------  ----"));
-        EXPECT_THAT(m_output, HasSubstr(start + row.end));
+        EXPECT_THAT(m_output, HasSubstr(start + end));
         EXPECT_EQ(std::count(m_output.begin(), m_output.end(), '\n'), 2 + 33);
         EXPECT_EQ(m_errors, "");
     }
@@ -114,12 +110,8 @@ TEST_F(CommandsTest, EquipmentPrintsTheGridsTextsAndWhetherAnythingNeedsAnUpdate
     m_desktop.Write("kestrel.mdb", m_desktop.Read(test::TestDataPath(
                                        "access/equipment/plain_datetime_v2000.mdb")));
     server.Serve("/pub/demo/version.ini", "[Loadcalc 8]\r\nMajor=8\r\n");
-    const struct
-    {
-        const char* date;
-        int exitCode;
-        const char* end;
-    } rows[] = {{"3/15/2004", 0, "No"}, {"3/16/2004", 3, "Yes"}};
+    const std::tuple<const char*, int, const char*> rows[] = {{"3/15/2004", 0, "No"},
+                                                              {"3/16/2004", 3, "Yes"}};
     for (const auto& [date, exitCode, end] : rows)
     {
         SCOPED_TRACE(date);

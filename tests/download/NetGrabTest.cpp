@@ -11,6 +11,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace velmo
@@ -170,12 +171,7 @@ TEST_F(NetGrabTest, ANewStartReplacesTheRunningDownload)
 
 TEST_F(NetGrabTest, DurationIsTheTicksFromStartToEnd)
 {
-    const struct
-    {
-        std::uint32_t start;
-        std::uint32_t end;
-        std::int32_t duration;
-    } rows[] = {
+    const std::tuple<std::uint32_t, std::uint32_t, std::int32_t> rows[] = {
         {1000, 1250, 250},
         {0, 40, 39},                // 0 would read as idle; such a start counts as 1.
         {0xFFFFFFF0U, 0x10U, 0x20}, // Across the counter's wrap.
@@ -184,16 +180,16 @@ TEST_F(NetGrabTest, DurationIsTheTicksFromStartToEnd)
     };
     m_server.Play("/x", {FaultServer::Head(1), FaultServer::Hold(), FaultServer::Send("x")});
     m_server.Release("/x");
-    for (const auto& row : rows)
+    for (const auto& [start, end, duration] : rows)
     {
-        SCOPED_TRACE(row.start);
-        m_tick = row.start;
+        SCOPED_TRACE(start);
+        m_tick = start;
         Start("/x");
         EXPECT_TRUE(m_grab.Busy());
         EXPECT_EQ(m_grab.Duration(), 0);
-        m_tick = row.end;
+        m_tick = end;
         AwaitEnd();
-        EXPECT_EQ(m_grab.Duration(), row.duration);
+        EXPECT_EQ(m_grab.Duration(), duration);
     }
 }
 

@@ -103,22 +103,19 @@ TEST(AccessFileTest, FilesThatAreDamagedOrClosedGiveTheirError)
 {
     constexpr auto kDamaged = AccessErrorCode::Damaged;
     constexpr auto kNoAccessFile = AccessErrorCode::NotAnAccessFile;
-    const struct
-    {
-        const char* file;
-        AccessErrorCode code;
-    } cases[] = {{"zero_bytes.mdb", kNoAccessFile},
-                 {"text_file.mdb", kNoAccessFile},
-                 {"wrong_magic.mdb", kNoAccessFile},
-                 {"cut_in_first_page.mdb", kDamaged},
-                 {"cut_after_first_page.mdb", kDamaged},
-                 {"cut_in_catalogue_definition.mdb", kDamaged},
-                 {"zeroed_table_page.mdb", kDamaged},
-                 {"table_page_out_of_range.mdb", kDamaged},
-                 {"definition_chain_cycle.mdb", kDamaged},
-                 {"overflow_row_to_itself.mdb", kDamaged},
-                 {"password.mdb", AccessErrorCode::PasswordProtected},
-                 {"encoded_rc4.mdb", AccessErrorCode::Encoded}};
+    const std::pair<const char*, AccessErrorCode> cases[] = {
+        {"zero_bytes.mdb", kNoAccessFile},
+        {"text_file.mdb", kNoAccessFile},
+        {"wrong_magic.mdb", kNoAccessFile},
+        {"cut_in_first_page.mdb", kDamaged},
+        {"cut_after_first_page.mdb", kDamaged},
+        {"cut_in_catalogue_definition.mdb", kDamaged},
+        {"zeroed_table_page.mdb", kDamaged},
+        {"table_page_out_of_range.mdb", kDamaged},
+        {"definition_chain_cycle.mdb", kDamaged},
+        {"overflow_row_to_itself.mdb", kDamaged},
+        {"password.mdb", AccessErrorCode::PasswordProtected},
+        {"encoded_rc4.mdb", AccessErrorCode::Encoded}};
     for (const auto& [file, code] : cases)
     {
         SCOPED_TRACE(file);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 namespace velmo
 {
@@ -81,12 +82,7 @@ class EquipmentGridTest : public testing::Test
 
 TEST_F(EquipmentGridTest, CommandsTickTheBoxesOfTheirRuleAndSection)
 {
-    const struct
-    {
-        const char* name;
-        const char* databases;
-        const char* pictures;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"mnuMarkAllDatabasesThatNeedUpdating", "xx.....", "....-.."},
         {"mnuMarkAllExceptUpToDateMDB", "xxxx...", "....-.."},
         {"mnuMarkAllPicturesThatNeedUpdating", ".......", "xx..-x."},

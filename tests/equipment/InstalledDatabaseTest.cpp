@@ -59,17 +59,14 @@ TEST_F(InstalledDatabaseTest, TheServersDateMustBeAtLeastOneDayLater)
 
 TEST_F(InstalledDatabaseTest, ADatabaseWithoutAReadableDateLeavesOneLineInTheLog)
 {
-    const struct
-    {
-        const char* file;
-        const char* reason;
-    } cases[] = {{"equipment/no_header_table.mdb", "There is no table \"Header\"."},
-                 {"equipment/no_release_field.mdb", "has no field \"ReleaseDate\"."},
-                 {"equipment/header_no_rows.mdb", "Table \"Header\" is empty."},
-                 {"equipment/date_null.mdb", "The first \"ReleaseDate\" is empty."},
-                 {"broken/password.mdb", "protected by a password. (86)"},
-                 {"broken/encoded_rc4.mdb", "encoded. (6002)"},
-                 {"broken/zeroed_table_page.mdb", "(1392)"}};
+    const std::pair<const char*, const char*> cases[] = {
+        {"equipment/no_header_table.mdb", "There is no table \"Header\"."},
+        {"equipment/no_release_field.mdb", "has no field \"ReleaseDate\"."},
+        {"equipment/header_no_rows.mdb", "Table \"Header\" is empty."},
+        {"equipment/date_null.mdb", "The first \"ReleaseDate\" is empty."},
+        {"broken/password.mdb", "protected by a password. (86)"},
+        {"broken/encoded_rc4.mdb", "encoded. (6002)"},
+        {"broken/zeroed_table_page.mdb", "(1392)"}};
     std::ptrdiff_t lines = 0;
     for (const auto& [file, reason] : cases)
     {

@@ -10,6 +10,7 @@
 #include <optional>
 #include <stop_token>
 #include <thread>
+#include <tuple>
 
 namespace velmo::platform
 {
@@ -66,25 +67,19 @@ TEST(HttpGetTest, WhatTheServerSendsArrives)
     server.Play("/moved-on", FaultServer::Redirect(server.Url("/moved", "HTTP")));
     server.Serve("/My%20%C3%84.exe", binary);
 
-    struct Row
-    {
-        const char* path;
-        std::string content;
-        std::optional<std::uint64_t> announced;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, std::string, std::optional<std::uint64_t>> rows[] = {
         {"/plain?a=b%20c", binary, 7}, {"/empty", "", 0},          {"/chunked", binary, {}},
         {"/drip", binary, 7},          {"/untold", binary, {}},    {"/moved", binary, 7},
         {"/moved-on", binary, 7},      {"/plain#part", binary, 7}, {"/My \xC3\x84.exe", binary, 7},
     };
-    for (const Row& row : rows)
+    for (const auto& [path, content, announced] : rows)
     {
-        SCOPED_TRACE(row.path);
+        SCOPED_TRACE(path);
         TextSink sink;
-        const Result<Done> result = HttpGet(server.Url(row.path), kPatient, sink);
+        const Result<Done> result = HttpGet(server.Url(path), kPatient, sink);
         EXPECT_TRUE(result.Ok());
-        EXPECT_EQ(sink.text, row.content);
-        EXPECT_EQ(sink.announced, row.announced);
+        EXPECT_EQ(sink.text, content);
+        EXPECT_EQ(sink.announced, announced);
     }
     EXPECT_THAT(server.Requests().front(), HasSubstr("GET /plain?a=b%20c HTTP/1.1\r\n"));
     EXPECT_THAT(server.Requests().front(), HasSubstr("no-cache"));
@@ -92,15 +87,9 @@ TEST(HttpGetTest, WhatTheServerSendsArrives)
 
 TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
 {
-    struct Fault
-    {
-        const char* name;
-        FaultServer::Script script;
-        std::int32_t code;
-    };
     const auto head = FaultServer::Head(1000);
     const std::string part(500, 'x');
-    const Fault faults[] = {
+    const std::tuple<const char*, FaultServer::Script, std::int32_t> faults[] = {
         {"not found", FaultServer::Answer("404 Not Found", "sorry"), 12028},
         {"gone", FaultServer::Answer("410 Gone"), 12028},
         {"server error", FaultServer::Answer("500 Internal Server Error", "sorry"), 12003},
@@ -121,12 +110,12 @@ TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
     };
     HttpLimits limits = kPatient;
     limits.mostBytes = 1500;
-    for (const Fault& fault : faults)
+    for (const auto& [name, script, code] : faults)
     {
-        SCOPED_TRACE(fault.name);
+        SCOPED_TRACE(name);
         FaultServer server;
-        server.Play("/x", fault.script);
-        EXPECT_EQ(CodeOf(server.Url("/x"), limits), fault.code);
+        server.Play("/x", script);
+        EXPECT_EQ(CodeOf(server.Url("/x"), limits), code);
     }
 }
 
@@ -169,11 +158,7 @@ TEST(HttpGetTest, AServerThatFallsSilentIsATimeout)
 TEST(HttpGetTest, AddressesThatLeadNowhereAreToldApart)
 {
     const FaultServer server;
-    const struct
-    {
-        std::string url;
-        std::int32_t code;
-    } rows[] = {
+    const std::pair<std::string, std::int32_t> rows[] = {
         {"", 12005},
         {"http://", 12005},
         {"https:///x", 12005},
@@ -185,10 +170,10 @@ TEST(HttpGetTest, AddressesThatLeadNowhereAreToldApart)
         {AtPort(test::ClosedPort()), 12029},
         {server.Url("/x", "https"), 12157},
     };
-    for (const auto& row : rows)
+    for (const auto& [url, code] : rows)
     {
-        SCOPED_TRACE(row.url);
-        EXPECT_EQ(CodeOf(row.url, kPatient), row.code);
+        SCOPED_TRACE(url);
+        EXPECT_EQ(CodeOf(url, kPatient), code);
     }
 }
 
