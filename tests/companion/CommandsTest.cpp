@@ -136,29 +136,22 @@ TEST_F(CommandsTest, InspectReadsAFieldOfADatabase)
         const char* output;
         const char* error; ///< Empty: exit code 0.
     } rows[] = {
-        {{"equipment/plain_datetime_v2000.mdb", "header", "RELEASEDATE"}, "3/15/2004\n", ""},
-        {{"equipment/date_null.mdb", "Header", "ReleaseDate"}, "\n", ""},
-        {{"equipment/no_header_table.mdb", "Header", "x"}, "", "There is no table \"Header\"."},
-        {{"equipment/no_release_field.mdb", "Header", "ReleaseDate"},
-         "",
-         "Table \"Header\" has no field \"ReleaseDate\"."},
-        {{"equipment/header_no_rows.mdb", "Header", "ReleaseDate"},
-         "",
-         "Table \"Header\" has no rows."},
-        {{"broken/password.mdb", "Header", "ReleaseDate"},
-         "",
-         "The database is protected by a password."},
-        {{"equipment/plain_datetime_v2000.mdb"}, "Database Installed Version: 3/15/2004\n", ""},
-        {{"equipment/date_null.mdb"},
+        {{"plain_datetime_v2000.mdb", "header", "RELEASEDATE"}, "3/15/2004\n", ""},
+        {{"date_null.mdb", "Header", "ReleaseDate"}, "\n", ""},
+        {{"no_header_table.mdb", "Header", "x"}, "", "There is no table \"Header\"."},
+        {{"no_release_field.mdb", "Header", "x"}, "", "Table \"Header\" has no field \"x\"."},
+        {{"header_no_rows.mdb", "Header", "ReleaseDate"}, "", "Table \"Header\" has no rows."},
+        {{"plain_datetime_v2000.mdb"}, "Database Installed Version: 3/15/2004\n", ""},
+        {{"date_null.mdb"}, "Database Installed Version: -\n", "The first release date is empty."},
+        {{"../broken/encoded_rc4.mdb"},
          "Database Installed Version: -\n",
-         "The first release date is empty."},
-        {{"broken/encoded_rc4.mdb"}, "Database Installed Version: -\n", "The database is encoded."},
+         "The database is encoded."},
     };
     for (const auto& row : rows)
     {
         SCOPED_TRACE(testing::PrintToString(row.arguments));
         std::vector<std::string> arguments = row.arguments;
-        arguments[0] = test::TestDataPath("access/" + arguments[0]);
+        arguments[0] = test::TestDataPath("access/equipment/" + arguments[0]);
         const std::string error = *row.error == '\0' ? "" : arguments[0] + ": " + row.error + "\n";
         arguments.insert(arguments.begin(), "inspect");
         EXPECT_EQ(Do(arguments), error.empty() ? 0 : 1);

@@ -133,12 +133,7 @@ TEST_F(EquipmentGridTest, SectionsAlternateInColourAndWhatNeedsAnUpdateStandsOut
 {
     constexpr Colour kGreen{192, 220, 192};
     constexpr Colour kCream{255, 251, 240};
-    const struct
-    {
-        Colour background;
-        Colour text;
-        bool bold;
-    } looks[] = {
+    const std::tuple<Colour, Colour, bool> looks[] = {
         {kGreen, {0, 0, 255}, true}, {kGreen, {}, true},  {kCream, {}, false},
         {kCream, {}, false},         {kGreen, {}, false}, {kCream, {0, 0, 255}, true},
         {kGreen, {}, false},
@@ -147,13 +142,11 @@ TEST_F(EquipmentGridTest, SectionsAlternateInColourAndWhatNeedsAnUpdateStandsOut
     {
         SCOPED_TRACE(i);
         const GridRow& row = m_grid.Model().Rows().at(i);
-        EXPECT_EQ(row.background, looks[i].background);
-        EXPECT_EQ(row.textColour, looks[i].text);
-        EXPECT_EQ(row.bold, looks[i].bold);
+        EXPECT_EQ(std::tuple(row.background, row.textColour, row.bold), looks[i]);
     }
     m_grid.Clear();
     ManufacturerEntry entry;
-    entry.SectionName = "E";
+    entry.SectionName = "F";
     m_grid.AddRow(entry);
     EXPECT_EQ(m_grid.Model().Rows().at(0).background, kGreen);
 }
