@@ -159,11 +159,10 @@ TEST_F(EquipmentListTest, InstallingNeedsABoxThatIsTicked)
     WriteList("[A]\r\n1MDBFilename=a.mdb\r\n");
     m_list.Refresh();
     EXPECT_FALSE(m_list.PrepareInstall(m_prompts));
-    ASSERT_EQ(m_prompts.notices.size(), 1U);
-    EXPECT_EQ(m_prompts.notices[0].icon, PromptIcon::Information);
-    EXPECT_THAT(m_prompts.Lines(),
+    ASSERT_THAT(m_prompts.Lines(),
                 ElementsAre("No Boxes Checked|You must check the box for at least one "
                             "database or picture before you can install updates."));
+    EXPECT_EQ(m_prompts.notices[0].icon, PromptIcon::Information);
 }
 
 } // namespace

@@ -47,10 +47,10 @@ std::string AtPort(int port)
 }
 
 /// The code that a read ends with, 0 when all is well.
-std::int32_t CodeOf(const std::string& url, const HttpLimits& limits)
+std::int32_t CodeOf(const std::string& url, const HttpLimits& limits, ByteSink&& sink = TextSink(),
+                    const std::stop_token& stop = {})
 {
-    TextSink sink;
-    const Result<Done> result = HttpGet(url, limits, sink);
+    const Result<Done> result = HttpGet(url, limits, sink, stop);
     return result ? 0 : result.Failure().code;
 }
 
@@ -142,13 +142,8 @@ TEST(HttpGetTest, AServerThatFallsSilentIsATimeout)
     server.Play("/stalls", {FaultServer::Head(1000), FaultServer::Send("x"), FaultServer::Hold()});
     server.PlayToSecureClients({FaultServer::Hold()});
     const test::DeadPort dead;
-    const std::string urls[] = {
-        server.Url("/silent"),
-        server.Url("/stalls"),
-        server.Url("/silent", "https"),
-        AtPort(dead.Number()),
-    };
-    for (const std::string& url : urls)
+    for (const std::string& url : {server.Url("/silent"), server.Url("/stalls"),
+                                   server.Url("/silent", "https"), AtPort(dead.Number())})
     {
         SCOPED_TRACE(url);
         EXPECT_EQ(CodeOf(url, kImpatient), 12002);
@@ -209,10 +204,7 @@ TEST(HttpGetTest, TheSinksErrorEndsTheTransfer)
     };
     FaultServer server;
     server.Play("/x", {FaultServer::Head(1000), FaultServer::Send("x"), FaultServer::Hold()});
-    FullSink sink;
-    const Result<Done> result = HttpGet(server.Url("/x"), kPatient, sink);
-    ASSERT_FALSE(result.Ok());
-    EXPECT_EQ(result.Failure().code, 112);
+    EXPECT_EQ(CodeOf(server.Url("/x"), kPatient, FullSink()), 112);
 }
 
 // With limits of a minute these would hit the suite's time limit if a stop request were not heard.
@@ -229,18 +221,11 @@ TEST(HttpGetTest, AStopRequestEndsAReadWhereverItIs)
             server.AwaitRequest(path);
             stop.request_stop();
         });
-        TextSink sink;
-        const Result<Done> result =
-            HttpGet(server.Url(path), HttpLimits{10min, 10min}, sink, stop.get_token());
-        ASSERT_FALSE(result.Ok());
-        EXPECT_EQ(result.Failure().code, 12017);
+        EXPECT_EQ(CodeOf(server.Url(path), {10min, 10min}, TextSink(), stop.get_token()), 12017);
     }
     std::stop_source stopped;
     stopped.request_stop();
-    TextSink sink;
-    const auto result = HttpGet(server.Url("/other"), kPatient, sink, stopped.get_token());
-    ASSERT_FALSE(result.Ok());
-    EXPECT_EQ(result.Failure().code, 12017);
+    EXPECT_EQ(CodeOf(server.Url("/other"), kPatient, TextSink(), stopped.get_token()), 12017);
     EXPECT_EQ(server.CountOf("/other"), 0);
 }
 
