@@ -23,7 +23,6 @@ TEST(VendorServerTest, AMachinePolicyNamesAnotherWebServer)
         {"ftp://mirror", built.webServer},
         {"http://", built.webServer},
         {"mirror", built.webServer},
-        {"", built.webServer},
     };
     for (const auto& [policy, webServer] : rows)
     {

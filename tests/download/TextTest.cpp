@@ -40,9 +40,14 @@ TEST(InternetErrorTextTest, SentencesKeepTheirTrailingBlanksAndOtherCodesHaveNoD
 {
     EXPECT_EQ(InternetErrorText(12007, "unused"), "Server name could not be resolved.");
     EXPECT_TRUE(InternetErrorText(12023).ends_with(". "));
-    for (const std::int32_t code : {0, 112, 12000, 12033, 12037, 12152, -1})
+    for (const std::int32_t code : {0, 112, 12000, 12032, 12037, 12152, -1})
     {
         EXPECT_EQ(InternetErrorText(code), "Error details not available.") << code;
+    }
+    for (std::int32_t code = 12001; code <= 12036; ++code)
+    {
+        const bool isGap = code >= 12032 && code <= 12035;
+        EXPECT_EQ(InternetErrorText(code) == InternetErrorText(0), isGap) << code;
     }
 }
 

@@ -108,6 +108,13 @@ TEST_F(CINIFileHandlerTest, WhatIsWrittenIsInTheFileAndReadsBack)
     EXPECT_EQ(m_handler.MyGetAppProfileString("S", "text", ""), "a b");
 }
 
+TEST_F(CINIFileHandlerTest, LongTextIsCutToItsBuffer)
+{
+    Hold(std::string(40'000, 'x'));
+    EXPECT_EQ(m_handler.MyGetAppProfileString("S", "k", "").size(), 255U);
+    EXPECT_EQ(m_handler.MyGetAppProfileSection("S").size(), 32'765U);
+}
+
 TEST_F(CINIFileHandlerTest, AFailedWriteIsALineInTheLog)
 {
     m_handler.AppProfileFileName(m_desktop.Folder() + "no\\VelmoUpd.ini");
