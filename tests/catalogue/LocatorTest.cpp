@@ -13,6 +13,7 @@
 
 #include <array>
 #include <optional>
+#include <tuple>
 
 namespace velmo
 {
@@ -150,12 +151,8 @@ TEST_F(LocatorTest, WithoutAVersionTheOutputsStay)
 TEST_F(LocatorTest, OfTwoIniFilesTheNewerIsRead)
 {
     m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
-    constexpr struct
-    {
-        std::optional<int> current; ///< Seconds; none: no such file.
-        std::optional<int> previous;
-        const char* read;
-    } kRows[] = {
+    // Both files' times in seconds, if there is such a file.
+    constexpr std::tuple<std::optional<int>, std::optional<int>, const char*> kRows[] = {
         {100, 100, "current"},           {102, 100, "current"},
         {100, 102, "previous"},          {100, std::nullopt, "current"},
         {std::nullopt, 100, "previous"}, {std::nullopt, std::nullopt, "default"},
@@ -169,13 +166,13 @@ TEST_F(LocatorTest, OfTwoIniFilesTheNewerIsRead)
             EXPECT_TRUE(MFile::SetModificationTime(path, newYear + std::chrono::seconds(*time)));
         }
     };
-    for (const auto& row : kRows)
+    for (const auto& [current, previous, read] : kRows)
     {
-        make("Loadcalcw.ini", "current", row.current);
-        make("Loadcalc8.ini", "previous", row.previous);
+        make("Loadcalcw.ini", "current", current);
+        make("Loadcalc8.ini", "previous", previous);
         auto locator = Locator();
         EXPECT_EQ(locator.ProgramINIValue(12, "S", "k", INIValueKind::String, "default"),
-                  INIValue(row.read));
+                  INIValue(read));
         EXPECT_EQ(ErrorSource(locator), "");
     }
 }
@@ -219,13 +216,7 @@ TEST_F(LocatorTest, TheKindChoosesTheReaderOfAnIniValue)
 
 TEST_F(LocatorTest, AFolderIsWrittenToBothStores)
 {
-    constexpr struct
-    {
-        std::int32_t number;
-        const char* folder;
-        const char* name;
-        const char* stored;
-    } kRows[] = {
+    constexpr std::tuple<std::int32_t, const char*, const char*, const char*> kRows[] = {
         {12, "D:\\Apps\\X\\", "LoadcalcDirectory", "D:\\Apps\\X"},
         {1, "D:\\Apps\\\\", "AirflowDirectory", "D:\\Apps\\"},
         {0, "C:\\Velmo", "CommonDirectory", "C:\\Velmo"},
@@ -237,14 +228,14 @@ TEST_F(LocatorTest, AFolderIsWrittenToBothStores)
     const auto user = [](std::string_view name) {
         return platform::ReadUserSetting("Velmo Software", "Program Folders", name).value_or("");
     };
-    for (const auto& row : kRows)
+    for (const auto& [number, folder, name, stored] : kRows)
     {
-        SCOPED_TRACE(row.number);
+        SCOPED_TRACE(number);
         auto locator = Locator();
-        locator.WriteVelmoSoftwareEntry(row.number, row.folder);
+        locator.WriteVelmoSoftwareEntry(number, folder);
         EXPECT_EQ(ErrorSource(locator), "");
-        EXPECT_EQ(winIni(row.name), row.stored);
-        EXPECT_EQ(user(row.name), row.stored);
+        EXPECT_EQ(winIni(name), stored);
+        EXPECT_EQ(user(name), stored);
     }
     for (const std::int32_t number : {-1, 15, 19, 28, 29, 30, 31, 32})
     {

@@ -130,12 +130,7 @@ TEST_F(CommandsTest, EquipmentPrintsTheGridsTextsAndWhetherAnythingNeedsAnUpdate
 
 TEST_F(CommandsTest, InspectReadsAFieldOfADatabase)
 {
-    const struct
-    {
-        std::vector<std::string> arguments;
-        const char* output;
-        const char* error; ///< Empty: exit code 0.
-    } rows[] = {
+    const std::tuple<std::vector<std::string>, const char*, std::string> rows[] = {
         {{"plain_datetime_v2000.mdb", "header", "RELEASEDATE"}, "3/15/2004\n", ""},
         {{"date_null.mdb", "Header", "ReleaseDate"}, "\n", ""},
         {{"no_header_table.mdb", "Header", "x"}, "", "There is no table \"Header\"."},
@@ -147,15 +142,14 @@ TEST_F(CommandsTest, InspectReadsAFieldOfADatabase)
          "Database Installed Version: -\n",
          "The database is encoded."},
     };
-    for (const auto& row : rows)
+    for (auto [arguments, output, error] : rows)
     {
-        SCOPED_TRACE(testing::PrintToString(row.arguments));
-        std::vector<std::string> arguments = row.arguments;
+        SCOPED_TRACE(testing::PrintToString(arguments));
         arguments[0] = test::TestDataPath("access/equipment/" + arguments[0]);
-        const std::string error = *row.error == '\0' ? "" : arguments[0] + ": " + row.error + "\n";
+        error = error.empty() ? "" : arguments[0] + ": " + error + "\n";
         arguments.insert(arguments.begin(), "inspect");
         EXPECT_EQ(Do(arguments), error.empty() ? 0 : 1);
-        EXPECT_EQ(m_output, row.output);
+        EXPECT_EQ(m_output, output);
         EXPECT_EQ(m_errors, error);
     }
 }

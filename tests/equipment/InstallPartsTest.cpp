@@ -7,6 +7,7 @@
 
 #include <limits>
 #include <string>
+#include <tuple>
 
 namespace velmo
 {
@@ -39,13 +40,7 @@ TEST(PlainFileNameTest, OnlyAFileOfTheFolderItselfIsPlain)
 TEST(InstallProgressTest, ABarSaysWhatHasComeAndRoundsAHalfToTheEvenPercent)
 {
     constexpr double kInfinite = std::numeric_limits<double>::infinity();
-    const struct
-    {
-        double received;
-        double total;
-        const char* text;
-        double filled;
-    } cases[] = {
+    constexpr std::tuple<double, double, const char*, double> kCases[] = {
         {0, 200, "0 Bytes of 200 Bytes (0%)", 0},
         {1, 200, "1 Bytes of 200 Bytes (0%)", 0.005},
         {3, 200, "3 Bytes of 200 Bytes (2%)", 0.015},
@@ -56,7 +51,7 @@ TEST(InstallProgressTest, ABarSaysWhatHasComeAndRoundsAHalfToTheEvenPercent)
         {5, -3, "5 Bytes of -3 Bytes (0%)", 0},
         {kInfinite, kInfinite, "0 Bytes of 0 Bytes (0%)", 0},
     };
-    for (const auto& [received, total, text, filled] : cases)
+    for (const auto& [received, total, text, filled] : kCases)
     {
         SCOPED_TRACE(text);
         const InstallBar bar = BarOfBytes(received, total);

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 
 namespace velmo
 {
@@ -27,13 +28,7 @@ class InstalledDatabaseTest : public test::EquipmentDesktop
 
 TEST_F(InstalledDatabaseTest, TheServersDateMustBeAtLeastOneDayLater)
 {
-    const struct
-    {
-        const char* file;
-        const char* latestDate;
-        const char* installedDate;
-        const char* flag;
-    } cases[] = {
+    constexpr std::array<const char*, 4> kCases[] = {
         {"equipment/plain_datetime_v2000.mdb", "3/16/2004", "3/15/2004", "Yes"},
         {"equipment/plain_datetime_v2000.mdb", "3/15/2004", "3/15/2004", "No"},
         {"equipment/plain_datetime_v2000.mdb", "15-Mar-2004 11 pm", "3/15/2004", "No"},
@@ -47,7 +42,7 @@ TEST_F(InstalledDatabaseTest, TheServersDateMustBeAtLeastOneDayLater)
         {"equipment/nowhere.mdb", "3/16/2004", "-", "-"},
         {"nowhere/nothing.mdb", "3/16/2004", "-", "-"},
     };
-    for (const auto& [file, latestDate, installedDate, flag] : cases)
+    for (const auto& [file, latestDate, installedDate, flag] : kCases)
     {
         SCOPED_TRACE(std::string(file) + " " + latestDate);
         const InstalledDatabase installed = Inspect(file, latestDate);
