@@ -42,7 +42,7 @@ struct VersionResource
     std::uint32_t type = 1;
     std::uint32_t subtype = 0;
     std::vector<VersionTranslation> translations = std::vector<VersionTranslation>(1);
-    std::vector<VersionStrings> strings; ///< Empty: no block of texts at all.
+    std::vector<VersionStrings> strings{}; ///< Empty: no block of texts at all.
 };
 
 struct PeImage

@@ -24,10 +24,9 @@ constexpr std::uint32_t kSubdirectory = 0x80000000;
 
 sample::VersionResource Sample()
 {
-    sample::VersionResource version;
-    version.fileVersion = {4, 3, 2, 1};
-    version.strings = {{u"040904B0", {{u"FileVersion", u"4.03.0201"}, {u"ProductName", u"Ducts"}}}};
-    return version;
+    return {
+        .fileVersion = {4, 3, 2, 1},
+        .strings = {{u"040904B0", {{u"FileVersion", u"4.03.0201"}, {u"ProductName", u"Ducts"}}}}};
 }
 
 void Put32(std::string& bytes, std::size_t offset, std::uint32_t value)
@@ -96,7 +95,7 @@ TEST_F(BrokenImageTest, ATruncatedResourceLosesItsEndOnly)
     EXPECT_EQ(before, sizeof(FixedFileInfo) + 10 + 6 + 4);
 }
 
-TEST_F(BrokenImageTest, DamagedBytesNeverYieldMoreThanTheFileHolds)
+TEST_F(BrokenImageTest, DamagedBytesYieldAPieceOfTheFileOrNothing)
 {
     std::minstd_rand random(20261122);
     int available = 0;
@@ -109,8 +108,8 @@ TEST_F(BrokenImageTest, DamagedBytesNeverYieldMoreThanTheFileHolds)
             image[place] = static_cast<char>(image[place] ^ static_cast<char>(random() % 255 + 1));
             const auto resource = Resource(image);
             ++(resource ? available : lost);
-            ASSERT_LE(resource.value_or("").size(), m_image.size()) << place;
-            ASSERT_LE(ReadEverything(resource.value_or("")), 2 * m_image.size()) << place;
+            ASSERT_NE(image.find(resource.value_or("")), std::string::npos) << place;
+            ReadEverything(resource.value_or("")); // Ends, and within the resource.
         }
     }
     // Most bytes are padding or the resource itself; the others lead to it.

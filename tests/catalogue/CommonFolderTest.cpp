@@ -9,17 +9,12 @@ namespace velmo
 namespace
 {
 
-TEST(CommonFolderTest, WithoutAnyItIsALoneBackslash)
+TEST(CommonFolderTest, WinIniComesBeforeTheUsersSettingsAndNoneIsALoneBackslash)
 {
     const test::TemporaryDesktop desktop;
     EXPECT_EQ(CommonFolder(), "\\");
     EXPECT_EQ(SettingsFilePath(), "\\VelmoUpd.ini");
     EXPECT_EQ(LogFilePath(), "");
-}
-
-TEST(CommonFolderTest, WinIniComesBeforeTheUsersSettings)
-{
-    const test::TemporaryDesktop desktop;
     desktop.SetUserFolder("CommonDirectory", "C:\\User");
     EXPECT_EQ(CommonFolder(), "C:\\User\\");
     desktop.SetWinIniFolder("CommonDirectory", "C:\\Common\\");

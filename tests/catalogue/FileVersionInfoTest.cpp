@@ -74,106 +74,76 @@ TEST_F(FileVersionInfoTest, TextsAreReadFromImagesOfBothWidths)
 
 TEST_F(FileVersionInfoTest, BuildAndRevisionShareTheThirdGroup)
 {
-    struct Row
-    {
-        std::array<std::uint16_t, 4> words;
-        const char* text;
+    constexpr std::pair<std::array<std::uint16_t, 4>, const char*> kRows[] = {
+        {{1, 2, 0, 5}, "1.02.0005"},
+        {{8, 0, 1, 23}, "8.00.0123"},
+        {{1, 2, 0, 12345}, "1.02.12345"},
+        {{3, 10, 12, 7}, "3.10.1207"},
+        {{2, 5, 0, 0}, "2.05.0000"},
+        {{2, 5, 99, 99}, "2.05.9999"},
+        {{2, 5, 100, 3}, "2.05.10003"},
+        {{0, 0, 0, 0}, "0.00.0000"},
+        {{2, 5, 32767, 1}, "2.05.3276701"},
+        {{2, 5, 32768, 12345}, "2.05.12345"},
+        {{65535, 65535, 65535, 1}, "65535.65535.0001"},
     };
-    constexpr std::array kRows{
-        Row{{1, 2, 0, 5}, "1.02.0005"},
-        Row{{8, 0, 1, 23}, "8.00.0123"},
-        Row{{1, 2, 0, 12345}, "1.02.12345"},
-        Row{{3, 10, 12, 7}, "3.10.1207"},
-        Row{{2, 5, 0, 0}, "2.05.0000"},
-        Row{{2, 5, 99, 99}, "2.05.9999"},
-        Row{{2, 5, 100, 3}, "2.05.10003"},
-        Row{{0, 0, 0, 0}, "0.00.0000"},
-        Row{{2, 5, 32767, 1}, "2.05.3276701"},
-        Row{{2, 5, 32768, 12345}, "2.05.12345"},
-        Row{{65535, 65535, 65535, 1}, "65535.65535.0001"},
-    };
-    for (const Row& row : kRows)
+    for (const auto& [words, text] : kRows)
     {
-        SCOPED_TRACE(row.text);
-        VersionResource version;
-        version.structureVersion = 0x00030012;
-        version.fileVersion = row.words;
+        SCOPED_TRACE(text);
+        VersionResource version{.structureVersion = 0x00030012, .fileVersion = words};
         const CFileVersionInfo file = Read(version);
-        EXPECT_EQ(file.VerFile(), row.text);
+        EXPECT_EQ(file.VerFile(), text);
         EXPECT_EQ(file.VerProduct(), "0.00.0000");
         EXPECT_EQ(file.VerStructure(), "3.18");
         std::swap(version.fileVersion, version.productVersion);
-        EXPECT_EQ(Read(version).VerProduct(), row.text);
+        EXPECT_EQ(Read(version).VerProduct(), text);
     }
 }
 
-TEST_F(FileVersionInfoTest, FlagsAreWordsWhateverTheirMaskSays)
+TEST_F(FileVersionInfoTest, TheFixedNumbersReadAsWordsAndTheKindIsKeptWhereAFileHasNone)
 {
-    struct Row
+    constexpr struct
     {
-        std::uint32_t flags;
-        const char* text;
-    };
-    for (const Row& row :
-         {Row{0x3F, "Debug PreRel Patched Private Info Special"}, Row{0x03, "Debug PreRel"},
-          Row{0x24, "Patched Special"}, Row{0x18, "Private Info"}, Row{0xFFFFFFC0, ""}})
-    {
-        SCOPED_TRACE(row.flags);
-        VersionResource version;
-        version.flagsMask = 0;
-        version.flags = row.flags;
-        EXPECT_EQ(Read(version).FileFlags(), row.text);
-    }
-}
-
-TEST_F(FileVersionInfoTest, OnlyWholeSystemNumbersHaveAText)
-{
-    struct Row
-    {
+        std::uint32_t flags; ///< Whatever their mask says.
         std::uint32_t os;
-        const char* text;
-    };
-    for (const Row& row :
-         {Row{0x00010001, "DOS-Win16"}, Row{0x00010004, "DOS-Win32"},
-          Row{0x00020002, "OS/2-16 PM-16"}, Row{0x00030003, "OS/2-16 PM-32"},
-          Row{0x00040004, "NT-Win32"}, Row{0x00000004, "Unknown"}, Row{0x00040000, "Unknown"}})
-    {
-        SCOPED_TRACE(row.os);
-        VersionResource version;
-        version.os = row.os;
-        EXPECT_EQ(Read(version).FileOS(), row.text);
-    }
-}
-
-TEST_F(FileVersionInfoTest, TheKindOfFileIsKeptWhereTheNextFileHasNone)
-{
-    struct Row
-    {
         std::uint32_t type;
         std::uint32_t subtype;
+        const char* flagsText;
+        const char* osText;
         const char* typeText;
         const char* subtypeText;
+    } kRows[] = {
+        {0x3F, 0x10001, 1, 1, "Debug PreRel Patched Private Info Special", "DOS-Win16",
+         "Application", ""},
+        {0x03, 0x10004, 4, 0, "Debug PreRel", "DOS-Win32", "Font", ""},
+        {0x24, 0x20002, 4, 1, "Patched Special", "OS/2-16 PM-16", "Font", "Raster Font"},
+        {0x18, 0x30003, 3, 11, "Private Info", "OS/2-16 PM-32", "Driver", "Raster Font"},
+        {0xFFFFFFC0, 0x40004, 3, 10, "", "NT-Win32", "Driver", "Comm drv"},
+        {0, 0x00004, 4, 4, "", "Unknown", "Font", "Comm drv"},
+        {0, 0x40000, 3, 0, "", "Unknown", "Driver", "Unknown"},
+        {0, 0, 3, 1, "", "Unknown", "Driver", "Printer drv"},
+        {0, 0, 3, 3, "", "Unknown", "Driver", "Language drv"},
+        {0, 0, 3, 8, "", "Unknown", "Driver", "Installable"},
+        {0, 0, 2, 3, "", "Unknown", "DLL", "Installable"},
+        {0, 0, 4, 2, "", "Unknown", "Font", "Vector Font"},
+        {0, 0, 4, 3, "", "Unknown", "Font", "TrueType Font"},
+        {0, 0, 5, 1, "", "Unknown", "VxD", "TrueType Font"},
+        {0, 0, 7, 1, "", "Unknown", "Lib", "TrueType Font"},
+        {0, 0, 6, 1, "", "Unknown", "Unknown", "TrueType Font"},
+        {0, 0, 8, 1, "", "Unknown", "Unknown", "TrueType Font"},
+        {0, 0, 0, 1, "", "Unknown", "Unknown", "TrueType Font"},
     };
-    // One instance reads them one after the other.
-    constexpr std::array kRows{
-        Row{1, 1, "Application", ""},          Row{4, 0, "Font", ""},
-        Row{4, 1, "Font", "Raster Font"},      Row{3, 11, "Driver", "Raster Font"},
-        Row{3, 10, "Driver", "Comm drv"},      Row{4, 4, "Font", "Comm drv"},
-        Row{3, 0, "Driver", "Unknown"},        Row{3, 1, "Driver", "Printer drv"},
-        Row{3, 3, "Driver", "Language drv"},   Row{3, 8, "Driver", "Installable"},
-        Row{2, 3, "DLL", "Installable"},       Row{4, 2, "Font", "Vector Font"},
-        Row{4, 3, "Font", "TrueType Font"},    Row{5, 1, "VxD", "TrueType Font"},
-        Row{6, 1, "Unknown", "TrueType Font"}, Row{7, 1, "Lib", "TrueType Font"},
-        Row{8, 1, "Unknown", "TrueType Font"}, Row{0, 1, "Unknown", "TrueType Font"},
-    };
-    CFileVersionInfo info;
-    for (const Row& row : kRows)
+    CFileVersionInfo info; // One instance reads them one after the other.
+    for (const auto& row : kRows)
     {
         SCOPED_TRACE(testing::Message() << row.type << " " << row.subtype);
-        VersionResource version;
-        version.type = row.type;
-        version.subtype = row.subtype;
-        info.FullPathName(Write(version));
+        info.FullPathName(Write({.flagsMask = 0,
+                                 .flags = row.flags,
+                                 .os = row.os,
+                                 .type = row.type,
+                                 .subtype = row.subtype}));
+        EXPECT_EQ(info.FileFlags(), row.flagsText);
+        EXPECT_EQ(info.FileOS(), row.osText);
         EXPECT_EQ(info.FileType(), row.typeText);
         EXPECT_EQ(info.FileSubType(), row.subtypeText);
     }
@@ -234,10 +204,10 @@ TEST_F(FileVersionInfoTest, TheFirstTranslationNamesTheBlockOfTexts)
     EXPECT_EQ(info.Language(), "Language Neutral");
 }
 
-TEST_F(FileVersionInfoTest, TextsThatAFileLacksAreKeptAndEmptyOnesTaken)
+TEST_F(FileVersionInfoTest, TextsThatAFileLacksOrDoesNotNameAreKeptAndEmptyOnesTaken)
 {
-    VersionResource version;
-    version.strings = {{u"040904B0", {{u"CompanyName", u""}, {u"ProductName", u"Fans"}}}};
+    const VersionResource version{
+        .strings = {{u"040904B0", {{u"CompanyName", u""}, {u"ProductName", u"Fans"}}}}};
     CFileVersionInfo info = Read(AllTexts());
     info.FullPathName(Write(version));
     EXPECT_EQ(info.CompanyName(), "");
@@ -255,30 +225,22 @@ TEST_F(FileVersionInfoTest, TextsThatAFileLacksAreKeptAndEmptyOnesTaken)
     CFileVersionInfo fresh;
     fresh.FullPathName(info.FullPathName());
     EXPECT_EQ(fresh.ProductName(), "");
-}
 
-TEST_F(FileVersionInfoTest, WithoutATranslationOnlyTheFixedNumbersAreRead)
-{
-    VersionResource version = AllTexts();
-    version.fileVersion = {9, 0, 0, 1};
-    version.strings[0].values[0].second = u"Other maker";
-    version.translations.clear();
-    CFileVersionInfo info = Read(AllTexts());
-    info.FullPathName(Write(version));
+    // Without a translation only the fixed numbers are read.
+    VersionResource untranslated = AllTexts();
+    untranslated.translations.clear();
+    info.FullPathName(Write(untranslated));
     EXPECT_TRUE(info.Available());
-    EXPECT_EQ(info.VerFile(), "9.00.0001");
-    EXPECT_EQ(info.CompanyName(), "Arbor Works");
-    EXPECT_EQ(info.Language(), "English (United States)");
+    EXPECT_EQ(info.VerFile(), "8.02.0015");
+    EXPECT_EQ(info.ProductName() + info.Language(), "FansEnglish (United States)");
 }
 
 TEST_F(FileVersionInfoTest, AZeroByteInTheTranslationIsAFaultAfterTheFixedNumbers)
 {
-    for (const sample::VersionTranslation translation : {sample::VersionTranslation{0x0000, 1200},
-                                                         {0x0009, 1200},
-                                                         {0x0400, 1200},
-                                                         {0x0409, 0},
-                                                         {0x0409, 0x0400},
-                                                         {0x0409, 0x00E4}})
+    constexpr sample::VersionTranslation kTranslations[] = {{0x0000, 1200},   {0x0009, 1200},
+                                                            {0x0400, 1200},   {0x0409, 0},
+                                                            {0x0409, 0x0400}, {0x0409, 0xE4}};
+    for (const auto& translation : kTranslations)
     {
         SCOPED_TRACE(testing::Message() << translation.language << " " << translation.codePage);
         VersionResource version = AllTexts();
@@ -293,40 +255,31 @@ TEST_F(FileVersionInfoTest, AZeroByteInTheTranslationIsAFaultAfterTheFixedNumber
 
 TEST_F(FileVersionInfoTest, OfSeveralResourcesNumberOneInTheBestLanguageIsTaken)
 {
-    struct Row
+    const struct
     {
         std::vector<std::pair<std::uint16_t, std::uint16_t>> resources; ///< Number, language.
-        std::uint16_t taken; ///< Language of number 1; 0xFFFF = unavailable.
+        const char* taken; ///< The version, which ends in the language; empty: unavailable.
+    } rows[] = {
+        {{{1, 0x0407}, {1, 0x0009}, {1, 0x0409}, {1, 0}}, "1.00.0000"},
+        {{{1, 0x0407}, {1, 0x0009}, {1, 0x0409}}, "1.00.1033"},
+        {{{1, 0x0407}, {1, 0x0009}, {1, 0x0809}}, "1.00.0009"},
+        {{{1, 0x0809}, {1, 0x040C}, {1, 0x0407}}, "1.00.1031"},
+        {{{2, 0x0409}, {1, 0x0407}}, "1.00.1031"},
+        {{{2, 0x0409}, {0, 0x0407}}, ""},
     };
-    const std::array rows{
-        Row{{{1, 0x0407}, {1, 0x0009}, {1, 0x0409}, {1, 0}}, 0},
-        Row{{{1, 0x0407}, {1, 0x0009}, {1, 0x0409}}, 0x0409},
-        Row{{{1, 0x0407}, {1, 0x0009}, {1, 0x0809}}, 0x0009},
-        Row{{{1, 0x0809}, {1, 0x040C}, {1, 0x0407}}, 0x0407},
-        Row{{{2, 0x0409}, {1, 0x0407}}, 0x0407},
-        Row{{{2, 0x0409}, {0, 0x0407}}, 0xFFFF},
-    };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.taken);
+        SCOPED_TRACE(testing::PrintToString(row.resources));
         PeImage image;
         for (const auto& [number, language] : row.resources)
         {
-            VersionResource version;
-            version.id = number;
-            version.language = language;
-            version.fileVersion = {number, 0, 0, language};
-            image.versions.push_back(version);
+            image.versions.push_back(
+                {.id = number, .language = language, .fileVersion = {number, 0, 0, language}});
         }
         CFileVersionInfo info;
         info.FullPathName(m_desktop.Write("program.exe", sample::WritePeImage(image)));
-        EXPECT_EQ(info.Available(), row.taken != 0xFFFF);
-        if (info.Available())
-        {
-            VersionResource expected;
-            expected.fileVersion = {1, 0, 0, row.taken};
-            EXPECT_EQ(info.VerFile(), Read(expected).VerFile());
-        }
+        EXPECT_EQ(info.Available(), *row.taken != '\0');
+        EXPECT_EQ(info.VerFile(), row.taken);
     }
 }
 

@@ -13,6 +13,7 @@
 
 #include <array>
 #include <optional>
+#include <tuple>
 
 namespace velmo
 {
@@ -21,6 +22,9 @@ namespace
 
 using sample::VersionResource;
 namespace MFile = platform::MFile;
+
+constexpr std::int32_t kKept = -7;
+using Parts = std::array<std::int32_t, 3>;
 
 class LocatorTest : public testing::Test
 {
@@ -34,6 +38,18 @@ class LocatorTest : public testing::Test
     }
 
     CVelmoProgramCommunicator Locator() { return {m_log, m_prompts}; }
+
+    /// The version of a program, after "Loadcalc8.exe" was given that resource.
+    Parts FileVersion(std::int32_t number, const VersionResource* version = nullptr)
+    {
+        if (version != nullptr)
+        {
+            m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {*version}}));
+        }
+        Parts parts{kKept, kKept, kKept};
+        Locator().SetFileVersion(number, parts[0], parts[1], parts[2]);
+        return parts;
+    }
 
     const test::TemporaryDesktop m_desktop;
     DiagnosticLog m_log{m_desktop.Folder() + "locator.log"};
@@ -82,30 +98,22 @@ TEST_F(LocatorTest, FoldersComeFromWinIniElseFromTheUsersSettings)
     }
 }
 
-TEST_F(LocatorTest, WithoutACommonFolderWhatLiesInItHasNoFolder)
+TEST_F(LocatorTest, WithoutACommonFolderWhatLiesInItHasNoneAndOtherNumbersAreAnError)
 {
-    for (const std::int32_t number : {0, 19, 28, 30, 31})
+    constexpr std::pair<std::int32_t, bool> kRows[] = {
+        {0, true},   {19, true},  {28, true},  {30, true},        {31, true},
+        {-1, false}, {15, false}, {32, false}, {INT32_MAX, false}};
+    for (const auto& [number, isKnown] : kRows)
     {
+        SCOPED_TRACE(number);
         auto locator = Locator();
-        EXPECT_EQ(locator.FolderName(number), "") << number;
-        EXPECT_EQ(ErrorSource(locator), "");
-    }
-}
-
-TEST_F(LocatorTest, NumbersWithoutAFolderAreAnError)
-{
-    for (const std::int32_t number : {-1, 15, 32, INT32_MAX})
-    {
-        auto locator = Locator();
-        EXPECT_EQ(locator.FolderName(number), "") << number;
-        EXPECT_EQ(ErrorSource(locator), "CVelmoProgramCommunicator::FolderName") << number;
+        EXPECT_EQ(locator.FolderName(number), "");
+        EXPECT_EQ(ErrorSource(locator), isKnown ? "" : "CVelmoProgramCommunicator::FolderName");
     }
 }
 
 TEST_F(LocatorTest, VersionsAreSplitIntoThreeNumbers)
 {
-    constexpr std::int32_t kKept = -7;
-    using Parts = std::array<std::int32_t, 3>;
     const std::pair<const char16_t*, Parts> rows[] = {
         {u"8.02.0015", {8, 2, 15}},
         {u"8.2.1.4", {8, 2, 1}},
@@ -121,26 +129,12 @@ TEST_F(LocatorTest, VersionsAreSplitIntoThreeNumbers)
     for (const auto& [text, expected] : rows)
     {
         SCOPED_TRACE(testing::PrintToString(std::u16string(text)));
-        VersionResource version;
-        version.fileVersion = {9, 3, 4, 7};
-        version.strings = {{u"040904B0", {{u"FileVersion", text}}}};
-        m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {version}}));
-        Parts parts{kKept, kKept, kKept};
-        Locator().SetFileVersion(12, parts[0], parts[1], parts[2]);
-        EXPECT_EQ(parts, expected);
+        const VersionResource version{.fileVersion = {9, 3, 4, 7},
+                                      .strings = {{u"040904B0", {{u"FileVersion", text}}}}};
+        EXPECT_EQ(FileVersion(12, &version), expected);
     }
-}
-
-TEST_F(LocatorTest, ATranslationThatNamesNoTextsLeavesTheFixedNumbers)
-{
-    VersionResource version;
-    version.fileVersion = {8, 2, 0, 15};
-    version.translations = {{0, 1200}};
-    m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
-    m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {version}}));
-    std::array<std::int32_t, 3> parts{};
-    Locator().SetFileVersion(12, parts[0], parts[1], parts[2]);
-    EXPECT_EQ(parts, (std::array{8, 2, 15}));
+    const VersionResource faulty{.fileVersion = {8, 2, 0, 15}, .translations = {{0, 1200}}};
+    EXPECT_EQ(FileVersion(12, &faulty), (Parts{8, 2, 15})) << "the translation names no texts";
 }
 
 TEST_F(LocatorTest, WithoutAVersionTheOutputsStay)
@@ -150,22 +144,15 @@ TEST_F(LocatorTest, WithoutAVersionTheOutputsStay)
     m_desktop.Write("Loadcalc8.exe", "no program");
     for (const std::int32_t number : {-1, 0, 4, 12, 13, 26})
     {
-        SCOPED_TRACE(number);
-        std::array<std::int32_t, 3> parts{1, 2, 3};
-        Locator().SetFileVersion(number, parts[0], parts[1], parts[2]);
-        EXPECT_EQ(parts, (std::array{1, 2, 3}));
+        EXPECT_EQ(FileVersion(number), (Parts{kKept, kKept, kKept})) << number;
     }
 }
 
 TEST_F(LocatorTest, OfTwoIniFilesTheNewerIsRead)
 {
     m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
-    constexpr struct
-    {
-        std::optional<int> current; ///< Seconds; none: no such file.
-        std::optional<int> previous;
-        const char* read;
-    } kRows[] = {
+    // Both files' times in seconds, if there is such a file.
+    constexpr std::tuple<std::optional<int>, std::optional<int>, const char*> kRows[] = {
         {100, 100, "current"},           {102, 100, "current"},
         {100, 102, "previous"},          {100, std::nullopt, "current"},
         {std::nullopt, 100, "previous"}, {std::nullopt, std::nullopt, "default"},
@@ -179,13 +166,13 @@ TEST_F(LocatorTest, OfTwoIniFilesTheNewerIsRead)
             EXPECT_TRUE(MFile::SetModificationTime(path, newYear + std::chrono::seconds(*time)));
         }
     };
-    for (const auto& row : kRows)
+    for (const auto& [current, previous, read] : kRows)
     {
-        make("Loadcalcw.ini", "current", row.current);
-        make("Loadcalc8.ini", "previous", row.previous);
+        make("Loadcalcw.ini", "current", current);
+        make("Loadcalc8.ini", "previous", previous);
         auto locator = Locator();
         EXPECT_EQ(locator.ProgramINIValue(12, "S", "k", INIValueKind::String, "default"),
-                  INIValue(row.read));
+                  INIValue(read));
         EXPECT_EQ(ErrorSource(locator), "");
     }
 }
@@ -229,13 +216,7 @@ TEST_F(LocatorTest, TheKindChoosesTheReaderOfAnIniValue)
 
 TEST_F(LocatorTest, AFolderIsWrittenToBothStores)
 {
-    constexpr struct
-    {
-        std::int32_t number;
-        const char* folder;
-        const char* name;
-        const char* stored;
-    } kRows[] = {
+    constexpr std::tuple<std::int32_t, const char*, const char*, const char*> kRows[] = {
         {12, "D:\\Apps\\X\\", "LoadcalcDirectory", "D:\\Apps\\X"},
         {1, "D:\\Apps\\\\", "AirflowDirectory", "D:\\Apps\\"},
         {0, "C:\\Velmo", "CommonDirectory", "C:\\Velmo"},
@@ -247,14 +228,14 @@ TEST_F(LocatorTest, AFolderIsWrittenToBothStores)
     const auto user = [](std::string_view name) {
         return platform::ReadUserSetting("Velmo Software", "Program Folders", name).value_or("");
     };
-    for (const auto& row : kRows)
+    for (const auto& [number, folder, name, stored] : kRows)
     {
-        SCOPED_TRACE(row.number);
+        SCOPED_TRACE(number);
         auto locator = Locator();
-        locator.WriteVelmoSoftwareEntry(row.number, row.folder);
+        locator.WriteVelmoSoftwareEntry(number, folder);
         EXPECT_EQ(ErrorSource(locator), "");
-        EXPECT_EQ(winIni(row.name), row.stored);
-        EXPECT_EQ(user(row.name), row.stored);
+        EXPECT_EQ(winIni(name), stored);
+        EXPECT_EQ(user(name), stored);
     }
     for (const std::int32_t number : {-1, 15, 19, 28, 29, 30, 31, 32})
     {

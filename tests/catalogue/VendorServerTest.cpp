@@ -37,12 +37,5 @@ TEST(VendorServerTest, AMachinePolicyNamesAnotherWebServer)
     }
 }
 
-TEST(VendorServerTest, NoPathHasNoAddress)
-{
-    const VendorServer server{"http://server", ""};
-    EXPECT_EQ(server.Address("/a/b"), "http://server/a/b");
-    EXPECT_EQ(server.Address(""), "");
-}
-
 } // namespace
 } // namespace velmo

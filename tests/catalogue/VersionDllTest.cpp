@@ -9,9 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
-#include <iostream>
 
 namespace velmo
 {
@@ -20,22 +20,16 @@ namespace
 
 using test::VersionDll;
 
-struct Text
-{
-    const char* name;
-    const std::string& (CFileVersionInfo::*property)() const;
-};
-
-constexpr std::array kTexts{
-    Text{"CompanyName", &CFileVersionInfo::CompanyName},
-    Text{"FileDescription", &CFileVersionInfo::FileDescription},
-    Text{"FileVersion", &CFileVersionInfo::FileVersion},
-    Text{"InternalName", &CFileVersionInfo::InternalName},
-    Text{"LegalCopyright", &CFileVersionInfo::LegalCopyright},
-    Text{"LegalTrademarks", &CFileVersionInfo::LegalTrademarks},
-    Text{"OriginalFilename", &CFileVersionInfo::OriginalFilename},
-    Text{"ProductName", &CFileVersionInfo::ProductName},
-    Text{"ProductVersion", &CFileVersionInfo::ProductVersion},
+constexpr std::pair<const char*, const std::string& (CFileVersionInfo::*)() const> kTexts[] = {
+    {"CompanyName", &CFileVersionInfo::CompanyName},
+    {"FileDescription", &CFileVersionInfo::FileDescription},
+    {"FileVersion", &CFileVersionInfo::FileVersion},
+    {"InternalName", &CFileVersionInfo::InternalName},
+    {"LegalCopyright", &CFileVersionInfo::LegalCopyright},
+    {"LegalTrademarks", &CFileVersionInfo::LegalTrademarks},
+    {"OriginalFilename", &CFileVersionInfo::OriginalFilename},
+    {"ProductName", &CFileVersionInfo::ProductName},
+    {"ProductVersion", &CFileVersionInfo::ProductVersion},
 };
 
 std::string FirstWord(const std::string& text)
@@ -58,14 +52,14 @@ void CompareTexts(const CFileVersionInfo& info, VersionDll& system, std::string_
     std::array<char, 40> prefix{};
     std::snprintf(prefix.data(), prefix.size(), "\\StringFileInfo\\%02X%02X%02X%02X\\", byte(1),
                   byte(0), byte(3), byte(2));
-    for (const Text& text : kTexts)
+    for (const auto& [name, property] : kTexts)
     {
-        EXPECT_EQ((info.*text.property)(),
-                  system.Text(prefix.data() + std::string(text.name)).value_or(""))
-            << text.name;
+        EXPECT_EQ((info.*property)(), system.Text(prefix.data() + std::string(name)).value_or(""))
+            << name;
     }
-    const std::string name = VersionDll::LanguageName(language);
-    EXPECT_EQ(FirstWord(info.Language()), name.empty() ? "Language" : FirstWord(name));
+    const std::string languageName = VersionDll::LanguageName(language);
+    EXPECT_EQ(FirstWord(info.Language()),
+              languageName.empty() ? "Language" : FirstWord(languageName));
 }
 
 /// Compares everything that the system says of the file. True when the file has a version resource.
@@ -106,17 +100,12 @@ bool Compare(const std::string& path)
 TEST(VersionDllTest, BothReadTheSameOfEveryFileOfTheSystem)
 {
     const std::string folder = platform::WindowsDirectory() + "system32\\";
-    int files = 0;
-    int versions = 0;
-    for (const std::string& name : platform::MFile::FileNames(folder))
-    {
-        ++files;
-        versions += Compare(folder + name) ? 1 : 0;
-    }
-    std::cout << files << " files, " << versions << " with a version resource\n";
-    EXPECT_GT(files, 500);
+    const auto names = platform::MFile::FileNames(folder);
+    EXPECT_GT(names.size(), 500U);
+    const auto versions =
+        std::ranges::count_if(names, [&](const auto& name) { return Compare(folder + name); });
     EXPECT_GT(versions, 150);
-    EXPECT_LT(versions, files);
+    EXPECT_LT(versions, std::ssize(names));
 }
 
 TEST(VersionDllTest, BothReadTheSameOfCompiledResources)
@@ -143,20 +132,15 @@ TEST(VersionDllTest, BothReadTheSameOfWrittenImages)
     sample::VersionResource bare;
     bare.translations.clear();
 
-    struct Row
-    {
-        std::vector<sample::VersionResource> versions;
-        bool available;
-    };
-    const std::array rows{Row{{german}, true},          Row{{german, english}, true},
-                          Row{{english, second}, true}, Row{{bare}, true},
-                          Row{{second}, false},         Row{{}, false}};
-    for (const Row& row : rows)
+    const std::pair<std::vector<sample::VersionResource>, bool> rows[] = {
+        {{german}, true}, {{german, english}, true}, {{english, second}, true},
+        {{bare}, true},   {{second}, false},         {{}, false}};
+    for (const auto& [versions, available] : rows)
     {
         for (const bool is64Bit : {false, true})
         {
-            const std::string image = sample::WritePeImage({is64Bit, row.versions});
-            EXPECT_EQ(Compare(desktop.Write("program.exe", image)), row.available);
+            const std::string image = sample::WritePeImage({is64Bit, versions});
+            EXPECT_EQ(Compare(desktop.Write("program.exe", image)), available);
         }
     }
 }

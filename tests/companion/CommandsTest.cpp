@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <tuple>
 
 namespace velmo::companion
 {
@@ -34,9 +35,9 @@ class CommandsTest : public testing::Test
 
     std::string WriteProgram(std::string_view name) const
     {
-        sample::VersionResource version;
-        version.fileVersion = {8, 2, 0, 14};
-        version.strings = {{u"040904B0", {{u"CompanyName", u"Arbor Works"}}}};
+        const sample::VersionResource version{
+            .fileVersion = {8, 2, 0, 14},
+            .strings = {{u"040904B0", {{u"CompanyName", u"Arbor Works"}}}}};
         return m_desktop.Write(name, sample::WritePeImage({true, {version}}));
     }
 
@@ -51,28 +52,21 @@ TEST_F(CommandsTest, StatusSaysWhetherAnythingNeedsAnUpdate)
     m_desktop.SetPolicy("WebServer", server.Url(""));
     m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
     WriteProgram("Loadcalc8.exe");
-    const struct
-    {
-        const char* list;
-        int exitCode;
-        const char* line;
-    } rows[] = {
-        {"Revision=14", 0,
-         "\nLoadcalc 8        -                            8.02.14            8.02.14         "
-         "No\n"},
-        {"Revision=15", 3,
-         "\nLoadcalc 8        -                            8.02.14            8.02.15         "
-         "Yes\n"},
+    const std::tuple<const char*, int, const char*> rows[] = {
+        {"Revision=14", 0, "8.02.14         No\n"},
+        {"Revision=15", 3, "8.02.15         Yes\n"},
     };
-    for (const auto& row : rows)
+    const std::string start =
+        "\nLoadcalc 8        -                            8.02.14            ";
+    for (const auto& [list, exitCode, end] : rows)
     {
         server.Serve("/pub/demo/version.ini",
-                     std::string("[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\n") + row.list);
-        EXPECT_EQ(Do({"status"}), row.exitCode);
+                     std::string("[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\n") + list);
+        EXPECT_EQ(Do({"status"}), exitCode);
         EXPECT_THAT(m_output, testing::StartsWith("Program           Check for Update on Startup  "
                                                   "Installed Version  Latest Version  Need to "
                                                   "Update\n----------------  ----"));
-        EXPECT_THAT(m_output, HasSubstr(row.line));
+        EXPECT_THAT(m_output, HasSubstr(start + end));
         EXPECT_EQ(std::count(m_output.begin(), m_output.end(), '\n'), 2 + 33);
         EXPECT_EQ(m_errors, "");
     }
@@ -116,12 +110,8 @@ TEST_F(CommandsTest, EquipmentPrintsTheGridsTextsAndWhetherAnythingNeedsAnUpdate
     m_desktop.Write("kestrel.mdb", m_desktop.Read(test::TestDataPath(
                                        "access/equipment/plain_datetime_v2000.mdb")));
     server.Serve("/pub/demo/version.ini", "[Loadcalc 8]\r\nMajor=8\r\n");
-    const struct
-    {
-        const char* date;
-        int exitCode;
-        const char* end;
-    } rows[] = {{"3/15/2004", 0, "No"}, {"3/16/2004", 3, "Yes"}};
+    const std::tuple<const char*, int, const char*> rows[] = {{"3/15/2004", 0, "No"},
+                                                              {"3/16/2004", 3, "Yes"}};
     for (const auto& [date, exitCode, end] : rows)
     {
         SCOPED_TRACE(date);
@@ -140,39 +130,26 @@ TEST_F(CommandsTest, EquipmentPrintsTheGridsTextsAndWhetherAnythingNeedsAnUpdate
 
 TEST_F(CommandsTest, InspectReadsAFieldOfADatabase)
 {
-    const struct
-    {
-        std::vector<std::string> arguments;
-        const char* output;
-        const char* error; ///< Empty: exit code 0.
-    } rows[] = {
-        {{"equipment/plain_datetime_v2000.mdb", "header", "RELEASEDATE"}, "3/15/2004\n", ""},
-        {{"equipment/date_null.mdb", "Header", "ReleaseDate"}, "\n", ""},
-        {{"equipment/no_header_table.mdb", "Header", "x"}, "", "There is no table \"Header\"."},
-        {{"equipment/no_release_field.mdb", "Header", "ReleaseDate"},
-         "",
-         "Table \"Header\" has no field \"ReleaseDate\"."},
-        {{"equipment/header_no_rows.mdb", "Header", "ReleaseDate"},
-         "",
-         "Table \"Header\" has no rows."},
-        {{"broken/password.mdb", "Header", "ReleaseDate"},
-         "",
-         "The database is protected by a password."},
-        {{"equipment/plain_datetime_v2000.mdb"}, "Database Installed Version: 3/15/2004\n", ""},
-        {{"equipment/date_null.mdb"},
+    const std::tuple<std::vector<std::string>, const char*, std::string> rows[] = {
+        {{"plain_datetime_v2000.mdb", "header", "RELEASEDATE"}, "3/15/2004\n", ""},
+        {{"date_null.mdb", "Header", "ReleaseDate"}, "\n", ""},
+        {{"no_header_table.mdb", "Header", "x"}, "", "There is no table \"Header\"."},
+        {{"no_release_field.mdb", "Header", "x"}, "", "Table \"Header\" has no field \"x\"."},
+        {{"header_no_rows.mdb", "Header", "ReleaseDate"}, "", "Table \"Header\" has no rows."},
+        {{"plain_datetime_v2000.mdb"}, "Database Installed Version: 3/15/2004\n", ""},
+        {{"date_null.mdb"}, "Database Installed Version: -\n", "The first release date is empty."},
+        {{"../broken/encoded_rc4.mdb"},
          "Database Installed Version: -\n",
-         "The first release date is empty."},
-        {{"broken/encoded_rc4.mdb"}, "Database Installed Version: -\n", "The database is encoded."},
+         "The database is encoded."},
     };
-    for (const auto& row : rows)
+    for (auto [arguments, output, error] : rows)
     {
-        SCOPED_TRACE(testing::PrintToString(row.arguments));
-        std::vector<std::string> arguments = row.arguments;
-        arguments[0] = test::TestDataPath("access/" + arguments[0]);
-        const std::string error = *row.error == '\0' ? "" : arguments[0] + ": " + row.error + "\n";
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        arguments[0] = test::TestDataPath("access/equipment/" + arguments[0]);
+        error = error.empty() ? "" : arguments[0] + ": " + error + "\n";
         arguments.insert(arguments.begin(), "inspect");
         EXPECT_EQ(Do(arguments), error.empty() ? 0 : 1);
-        EXPECT_EQ(m_output, row.output);
+        EXPECT_EQ(m_output, output);
         EXPECT_EQ(m_errors, error);
     }
 }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -13,23 +14,19 @@ namespace
 
 using Pieces = std::vector<std::string>;
 
-/// All texts of one piece from each list.
-std::vector<std::string> Joined(const std::vector<Pieces>& lists)
+/// Visits all texts of one piece from each list.
+template <typename Visit>
+void ForEachText(std::span<const Pieces> lists, const std::string& start, const Visit& visit)
 {
-    std::vector<std::string> texts = {""};
-    for (const Pieces& list : lists)
+    if (lists.empty())
     {
-        std::vector<std::string> longer;
-        for (const std::string& text : texts)
-        {
-            for (const std::string& piece : list)
-            {
-                longer.push_back(text + piece);
-            }
-        }
-        texts = std::move(longer);
+        visit(start);
+        return;
     }
-    return texts;
+    for (const std::string& piece : lists.front())
+    {
+        ForEachText(lists.subspan(1), start + piece, visit);
+    }
 }
 
 /**
@@ -79,15 +76,18 @@ TEST(DateOracleTest, TheParserAgreesWithTheSystemsOnGeneratedTexts)
     std::size_t dates = 0;
     for (const auto& form : Forms())
     {
-        for (const std::string& text : Joined(form))
-        {
+        ForEachText(form, "", [&](const std::string& text) {
+            if (HasFailure())
+            {
+                return; // One text is enough to read.
+            }
             const auto date = ParseDate(text, today.year());
             const auto seconds = test::SystemParsedDate(text);
             ASSERT_EQ(date ? FormatDateAndTime(*date) : "-",
                       seconds ? FormatDateAndTime({kDayZero, *seconds}) : "-")
                 << text;
             dates += date ? 1 : 0;
-        }
+        });
     }
     EXPECT_GT(dates, 8'000U);
 }

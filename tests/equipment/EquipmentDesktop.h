@@ -1,11 +1,11 @@
 #pragma once
 
 #include "catalogue/CVelmoProgramCommunicator.h"
-#include "controls/UserPrompts.h"
 #include "equipment/EquipmentList.h"
 #include "platform/MFile.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
+#include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
 #include "tests/support/TestData.h"
 
@@ -14,13 +14,12 @@
 #include <chrono>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace velmo::test
 {
 
 /// A desktop with a common folder and the vendor's manufacturer list, as the equipment's tests use it.
-class EquipmentDesktop : public testing::Test, protected UserPrompts
+class EquipmentDesktop : public testing::Test
 {
   protected:
     EquipmentDesktop()
@@ -28,12 +27,6 @@ class EquipmentDesktop : public testing::Test, protected UserPrompts
         EXPECT_TRUE(platform::MFile::CreateFolders(m_common));
         m_desktop.SetWinIniFolder("CommonDirectory", m_common);
         m_settings.AppProfileFileName(m_common + "VelmoUpd.ini");
-    }
-
-    void Notify(PromptIcon icon, const std::string& text, const std::string& title) override
-    {
-        EXPECT_EQ(icon, PromptIcon::Information);
-        m_notices.push_back(title + ": " + text);
     }
 
     void WriteList(std::string_view text) const { m_desktop.Write(m_listPath, text); }
@@ -55,8 +48,8 @@ class EquipmentDesktop : public testing::Test, protected UserPrompts
     std::string m_listPath = m_desktop.Folder() + "Program\\manufver.ini";
     DiagnosticLog m_log{m_desktop.Folder() + "VelmoUpd.log"};
     CINIFileHandler m_settings{m_log};
-    CVelmoProgramCommunicator m_locator{m_log, *this};
-    std::vector<std::string> m_notices;
+    RecordedPrompts m_prompts;
+    CVelmoProgramCommunicator m_locator{m_log, m_prompts};
     EquipmentList m_list{m_listPath, "http://default.example", m_locator, m_log,
                          [] { return std::chrono::sys_days(std::chrono::year{2026} / 6 / 1); }};
 };

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 namespace velmo
 {
@@ -81,12 +82,7 @@ class EquipmentGridTest : public testing::Test
 
 TEST_F(EquipmentGridTest, CommandsTickTheBoxesOfTheirRuleAndSection)
 {
-    const struct
-    {
-        const char* name;
-        const char* databases;
-        const char* pictures;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"mnuMarkAllDatabasesThatNeedUpdating", "xx.....", "....-.."},
         {"mnuMarkAllExceptUpToDateMDB", "xxxx...", "....-.."},
         {"mnuMarkAllPicturesThatNeedUpdating", ".......", "xx..-x."},
@@ -107,21 +103,17 @@ TEST_F(EquipmentGridTest, CommandsTickTheBoxesOfTheirRuleAndSection)
     EXPECT_EQ(Boxes(EquipmentColumn::InstallPictures), "....-..");
 }
 
-TEST_F(EquipmentGridTest, MarkingLeavesTicksThatAreThere)
+TEST_F(EquipmentGridTest, TheUserTicksOneCellOfTheBoxColumnsOnlyAndMarkingLeavesItTicked)
 {
-    m_grid.Toggle(6, Index(EquipmentColumn::InstallDatabase));
-    Run("mnuMarkAllDatabasesThatNeedUpdating");
-    EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), "xx....x");
-}
-
-TEST_F(EquipmentGridTest, TheUserTicksOneCellOfTheBoxColumnsOnly)
-{
-    EXPECT_TRUE(m_grid.Toggle(0, Index(EquipmentColumn::InstallDatabase)));
-    EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), "x......");
-    EXPECT_TRUE(m_grid.Toggle(0, Index(EquipmentColumn::InstallDatabase)));
-    EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), ".......");
+    for (const char* boxes : {"......x", ".......", "......x"})
+    {
+        EXPECT_TRUE(m_grid.Toggle(6, Index(EquipmentColumn::InstallDatabase)));
+        EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), boxes);
+    }
     EXPECT_FALSE(m_grid.Toggle(4, Index(EquipmentColumn::InstallPictures)));
     EXPECT_FALSE(m_grid.Toggle(0, Index(EquipmentColumn::SectionName)));
+    Run("mnuMarkAllDatabasesThatNeedUpdating");
+    EXPECT_EQ(Boxes(EquipmentColumn::InstallDatabase), "xx....x");
 }
 
 TEST_F(EquipmentGridTest, ASetupCountsOnceHoweverManyOfItsRowsAreTicked)
@@ -141,12 +133,7 @@ TEST_F(EquipmentGridTest, SectionsAlternateInColourAndWhatNeedsAnUpdateStandsOut
 {
     constexpr Colour kGreen{192, 220, 192};
     constexpr Colour kCream{255, 251, 240};
-    const struct
-    {
-        Colour background;
-        Colour text;
-        bool bold;
-    } looks[] = {
+    const std::tuple<Colour, Colour, bool> looks[] = {
         {kGreen, {0, 0, 255}, true}, {kGreen, {}, true},  {kCream, {}, false},
         {kCream, {}, false},         {kGreen, {}, false}, {kCream, {0, 0, 255}, true},
         {kGreen, {}, false},
@@ -155,13 +142,11 @@ TEST_F(EquipmentGridTest, SectionsAlternateInColourAndWhatNeedsAnUpdateStandsOut
     {
         SCOPED_TRACE(i);
         const GridRow& row = m_grid.Model().Rows().at(i);
-        EXPECT_EQ(row.background, looks[i].background);
-        EXPECT_EQ(row.textColour, looks[i].text);
-        EXPECT_EQ(row.bold, looks[i].bold);
+        EXPECT_EQ(std::tuple(row.background, row.textColour, row.bold), looks[i]);
     }
     m_grid.Clear();
     ManufacturerEntry entry;
-    entry.SectionName = "E";
+    entry.SectionName = "F";
     m_grid.AddRow(entry);
     EXPECT_EQ(m_grid.Model().Rows().at(0).background, kGreen);
 }

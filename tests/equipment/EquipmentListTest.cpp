@@ -37,7 +37,7 @@ class EquipmentListTest : public test::EquipmentDesktop
     EquipmentServer Server()
     {
         m_list.Grid().Toggle(0, Index(EquipmentColumn::InstallDatabase));
-        const auto order = m_list.PrepareInstall(*this);
+        const auto order = m_list.PrepareInstall(m_prompts);
         return order ? order->server : EquipmentServer();
     }
 };
@@ -158,9 +158,11 @@ TEST_F(EquipmentListTest, InstallingNeedsABoxThatIsTicked)
 {
     WriteList("[A]\r\n1MDBFilename=a.mdb\r\n");
     m_list.Refresh();
-    EXPECT_FALSE(m_list.PrepareInstall(*this));
-    EXPECT_THAT(m_notices, ElementsAre("No Boxes Checked: You must check the box for at least one "
-                                       "database or picture before you can install updates."));
+    EXPECT_FALSE(m_list.PrepareInstall(m_prompts));
+    ASSERT_THAT(m_prompts.Lines(),
+                ElementsAre("No Boxes Checked|You must check the box for at least one "
+                            "database or picture before you can install updates."));
+    EXPECT_EQ(m_prompts.notices[0].icon, PromptIcon::Information);
 }
 
 } // namespace

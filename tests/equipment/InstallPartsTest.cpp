@@ -7,11 +7,14 @@
 
 #include <limits>
 #include <string>
+#include <tuple>
 
 namespace velmo
 {
 namespace
 {
+
+using std::string_view_literals::operator""sv;
 
 TEST(PlainFileNameTest, OnlyAFileOfTheFolderItselfIsPlain)
 {
@@ -21,46 +24,23 @@ TEST(PlainFileNameTest, OnlyAFileOfTheFolderItselfIsPlain)
         SCOPED_TRACE(name);
         EXPECT_TRUE(IsPlainFileName(name));
     }
-    for (const std::string& name : {std::string(),
-                                    std::string("."),
-                                    std::string(".."),
-                                    std::string("..\\a.exe"),
-                                    std::string("a/b.exe"),
-                                    std::string("\\a.exe"),
-                                    std::string("c:a.exe"),
-                                    std::string("a.exe:stream"),
-                                    std::string("a.exe."),
-                                    std::string("a.exe "),
-                                    std::string("nul"),
-                                    std::string("NUL.exe"),
-                                    std::string("con .exe"),
-                                    std::string("Aux.tar.exe"),
-                                    std::string("com1.exe"),
-                                    std::string("LPT9"),
-                                    std::string("com\xC2\xB2.exe"),
-                                    std::string("conin$"),
-                                    std::string("a\n.exe"),
-                                    std::string("a\0.exe", 6),
-                                    std::string("a\x7F.exe"),
-                                    std::string("a*.exe"),
-                                    std::string("\"a\".exe"),
-                                    std::string(300, 'a')})
-    {
-        SCOPED_TRACE(name);
-        EXPECT_FALSE(IsPlainFileName(name));
-    }
+    const auto expectNotPlain = [](std::initializer_list<std::string_view> names) {
+        for (const std::string_view name : names)
+        {
+            EXPECT_FALSE(IsPlainFileName(name)) << name;
+        }
+    };
+    expectNotPlain({"", ".", "..", "..\\a.exe", "a/b.exe", "\\a.exe", "c:a.exe", "a.exe:stream",
+                    "a.exe.", "a.exe ", "a\n.exe", "a\0.exe"sv, "a\x7F.exe", "a*.exe", "\"a\".exe",
+                    std::string(300, 'a')});
+    expectNotPlain({"nul", "NUL.exe", "con .exe", "Aux.tar.exe", "com1.exe", "LPT9",
+                    "com\xC2\xB2.exe", "conin$"});
 }
 
 TEST(InstallProgressTest, ABarSaysWhatHasComeAndRoundsAHalfToTheEvenPercent)
 {
     constexpr double kInfinite = std::numeric_limits<double>::infinity();
-    const struct
-    {
-        double received;
-        double total;
-        const char* text;
-        double filled;
-    } cases[] = {
+    constexpr std::tuple<double, double, const char*, double> kCases[] = {
         {0, 200, "0 Bytes of 200 Bytes (0%)", 0},
         {1, 200, "1 Bytes of 200 Bytes (0%)", 0.005},
         {3, 200, "3 Bytes of 200 Bytes (2%)", 0.015},
@@ -71,7 +51,7 @@ TEST(InstallProgressTest, ABarSaysWhatHasComeAndRoundsAHalfToTheEvenPercent)
         {5, -3, "5 Bytes of -3 Bytes (0%)", 0},
         {kInfinite, kInfinite, "0 Bytes of 0 Bytes (0%)", 0},
     };
-    for (const auto& [received, total, text, filled] : cases)
+    for (const auto& [received, total, text, filled] : kCases)
     {
         SCOPED_TRACE(text);
         const InstallBar bar = BarOfBytes(received, total);

@@ -1,10 +1,6 @@
 #include "equipment/InstalledPictures.h"
 
-#include "platform/MFile.h"
-#include "settings/DiagnosticLog.h"
-#include "tests/support/TemporaryDesktop.h"
-
-#include <gtest/gtest.h>
+#include "tests/equipment/EquipmentDesktop.h"
 
 namespace velmo
 {
@@ -14,7 +10,7 @@ namespace
 constexpr std::chrono::year kThisYear{2026};
 constexpr const char* kChecker = "unit.jpg";
 
-class InstalledPicturesTest : public testing::Test
+class InstalledPicturesTest : public test::EquipmentDesktop
 {
   protected:
     void WriteInformation(const std::string& date) const
@@ -40,9 +36,6 @@ class InstalledPicturesTest : public testing::Test
         EXPECT_EQ(pictures.needsUpdate, flag);
         EXPECT_EQ(pictures.latestDate, latestDate.empty() ? " " : latestDate);
     }
-
-    test::TemporaryDesktop m_desktop;
-    DiagnosticLog m_log{m_desktop.Folder() + "VelmoUpd.log"};
 };
 
 TEST_F(InstalledPicturesTest, TheFoldersOwnDateComesFirst)

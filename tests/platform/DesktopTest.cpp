@@ -33,6 +33,8 @@ TEST(DesktopTest, SharedStoresAreEmptyAtFirstAndAfterEachDesktop)
         EXPECT_EQ(WinIniFolder("COMMONDIRECTORY"), "C:\\Common");
         EXPECT_EQ(ReadUserSetting(kVendor, "program folders", "commondirectory"), "D:\\Common");
         EXPECT_EQ(ReadMachinePolicy("webserver"), "http://mirror.example");
+        desktop.SetPolicy("WebServer", "");
+        EXPECT_EQ(ReadMachinePolicy("WebServer"), std::nullopt);
     }
 }
 
@@ -48,13 +50,6 @@ TEST(DesktopTest, UserSettingsKeepBlanksQuotesAndForeignText)
     EXPECT_TRUE(DeleteUserSetting(kVendor, "Odd", "Key"));
     EXPECT_TRUE(DeleteUserSetting(kVendor, "Odd", "Key"));
     EXPECT_EQ(ReadUserSetting(kVendor, "Odd", "Key"), std::nullopt);
-}
-
-TEST(DesktopTest, AnEmptyPolicyIsNone)
-{
-    const test::TemporaryDesktop desktop;
-    desktop.SetPolicy("WebServer", "");
-    EXPECT_EQ(ReadMachinePolicy("WebServer"), std::nullopt);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "platform/MFile.h"
 
-#include "platform/DesktopFolders.h"
 #include "platform/FileReader.h"
 #include "tests/support/TemporaryDesktop.h"
 
@@ -124,17 +123,6 @@ TEST_F(MFileTest, AFullPathHasADriveAndNoDots)
         SCOPED_TRACE(path);
         EXPECT_EQ(MFile::FullPath(path), full);
     }
-}
-
-TEST_F(MFileTest, TheDesktopsFoldersEndInABackslash)
-{
-    for (const std::string& folder : {WindowsDirectory(), ProgramFolder()})
-    {
-        SCOPED_TRACE(folder);
-        EXPECT_EQ(folder.substr(1, 2), ":\\");
-        EXPECT_TRUE(folder.ends_with('\\'));
-    }
-    EXPECT_TRUE(MFile::FolderExists(WindowsDirectory()));
 }
 
 } // namespace

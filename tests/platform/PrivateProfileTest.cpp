@@ -133,8 +133,8 @@ struct WriteRow
 {
     const char* before;
     const char* section;
-    const char* key;
-    const char* value;
+    std::optional<std::string_view> key;
+    std::optional<std::string_view> value;
     const char* after;
     const char* wine = kSameAsWindows;
 };
@@ -145,20 +145,15 @@ constexpr WriteRow kWrites[] = {
     {"[A]\r\nk=1\r\n", "N", "n", "3", "[A]\r\nk=1\r\n[N]\r\nn=3\r\n"},
     {"[A]\r\nk=1", "N", "n", "", "[A]\r\nk=1\r\n[N]\r\nn=\r\n"},
     {"[A]\r\nk=1", "A", "n", "2", "[A]\r\nk=1\r\nn=2\r\n"},
-    {"[A]\r\nk=1\r\nj=2\r\n", "A", "k", nullptr, "[A]\r\nj=2\r\n"},
-    {"[A]\r\nk=1\r\n", "A", "no", nullptr, "[A]\r\nk=1\r\n"},
-    {"[A]\r\nk=1\r\n[A]\r\nk=2\r\n", "A", nullptr, nullptr, "[A]\r\nk=2\r\n"},
-    {"[A]\r\n;c\r\nk=1\r\n[B]\r\n", "A", nullptr, nullptr, ";c\r\n[B]\r\n", "[B]\r\n"},
+    {"[A]\r\nk=1\r\nj=2\r\n", "A", "k", {}, "[A]\r\nj=2\r\n"},
+    {"[A]\r\nk=1\r\n", "A", "no", {}, "[A]\r\nk=1\r\n"},
+    {"[A]\r\nk=1\r\n[A]\r\nk=2\r\n", "A", {}, {}, "[A]\r\nk=2\r\n"},
+    {"[A]\r\n;c\r\nk=1\r\n[B]\r\n", "A", {}, {}, ";c\r\n[B]\r\n", "[B]\r\n"},
     {"[A]\n k = 1 \n\n;c\n[B] x\nj=2\n", "A", "n", "3", "[A]\n k = 1 \n\n;c\nn=3\r\n[B] x\nj=2\n",
      "[A]\r\nk=1\r\n;c\r\nn=3\r\n[B]\r\nj=2\r\n"},
     {"[A]\r\nk=1\r\n\r\n[B]\r\nj=2\r\n", "A", "n", "3", "[A]\r\nk=1\r\nn=3\r\n\r\n[B]\r\nj=2\r\n",
      "[A]\r\nk=1\r\nn=3\r\n[B]\r\nj=2\r\n"},
 };
-
-std::optional<std::string_view> OrNothing(const char* text)
-{
-    return text == nullptr ? std::nullopt : std::optional<std::string_view>(text);
-}
 
 TEST_F(PrivateProfileTest, AWriteChangesOnlyItsOwnLine)
 {
@@ -166,8 +161,7 @@ TEST_F(PrivateProfileTest, AWriteChangesOnlyItsOwnLine)
     {
         SCOPED_TRACE(row.before);
         m_desktop.Write("Profile.ini", row.before);
-        EXPECT_TRUE(
-            WritePrivateProfileText(row.section, OrNothing(row.key), OrNothing(row.value), m_file))
+        EXPECT_TRUE(WritePrivateProfileText(row.section, row.key, row.value, m_file))
             << LastProfileFailure();
         EXPECT_EQ(m_desktop.Read("Profile.ini"), Expected(row.after, row.wine));
     }

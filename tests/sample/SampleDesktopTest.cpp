@@ -1,15 +1,14 @@
 #include "sample/SampleDesktop.h"
 
-#include "catalogue/CFileVersionInfo.h"
 #include "catalogue/CVelmoProgramCommunicator.h"
 #include "catalogue/CommonFolder.h"
-#include "catalogue/LocatorTable.h"
-#include "controls/UserPrompts.h"
+#include "catalogue/ProgramCatalogue.h"
 #include "platform/MFile.h"
 #include "platform/MachinePolicy.h"
 #include "sample/SampleVersionList.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
+#include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
 #include "updates/ProgramStatusList.h"
 #include "updates/VersionList.h"
@@ -20,14 +19,6 @@ namespace velmo::sample
 {
 namespace
 {
-
-class NoPrompts : public UserPrompts
-{
-    void Notify(PromptIcon /*icon*/, const std::string& text, const std::string& title) override
-    {
-        ADD_FAILURE() << title << ": " << text;
-    }
-};
 
 class SampleDesktopTest : public testing::Test
 {
@@ -47,7 +38,7 @@ class SampleDesktopTest : public testing::Test
     test::TemporaryDesktop m_desktop;
     SampleDesktopChoices m_choices;
     DiagnosticLog m_log{""};
-    NoPrompts m_prompts;
+    test::RecordedPrompts m_prompts;
     CVelmoProgramCommunicator m_locator{m_log, m_prompts};
 };
 
@@ -63,6 +54,7 @@ TEST_F(SampleDesktopTest, TheProgramListSaysWhatTheTableSays)
     settings.AppProfileFileName(SettingsFilePath());
     ProgramStatusList list(m_locator, settings, versions);
     list.Rebuild(true);
+    EXPECT_TRUE(m_prompts.notices.empty());
 
     std::size_t installed = 0;
     for (const ListRow& row : list.List().Rows())
@@ -83,51 +75,14 @@ TEST_F(SampleDesktopTest, TheProgramListSaysWhatTheTableSays)
     }
 }
 
-TEST_F(SampleDesktopTest, ExecutablesStateTheirVersionAsTextUnlessLeftToTheNumbers)
-{
-    LayOut();
-    for (const InstalledProgram& program : kInstalledPrograms)
-    {
-        SCOPED_TRACE(program.folder);
-        CFileVersionInfo info;
-        info.FullPathName(m_locator.GetEXEFileName(LocatorNumberOfIndex(program.index)));
-        ASSERT_TRUE(info.Available());
-        const std::string full = FullVersionText(program.version);
-        EXPECT_EQ(info.FileVersion(), program.statesFileVersion ? full : "");
-        EXPECT_EQ(info.VerFile(), full);
-    }
-}
-
-TEST_F(SampleDesktopTest, SomeProgramsAreFoundOnlyThroughTheUsersSettings)
-{
-    LayOut();
-    CINIFileHandler winIni(m_log);
-    winIni.AppProfileFileName(WinIniPath());
-    for (const InstalledProgram& program : kInstalledPrograms)
-    {
-        SCOPED_TRACE(program.folder);
-        const std::string folder = m_locator.FolderName(LocatorNumberOfIndex(program.index));
-        EXPECT_EQ(folder, m_choices.root + std::string(program.folder) + "\\");
-        const auto number = static_cast<std::size_t>(LocatorNumberOfIndex(program.index));
-        const bool inWinIni =
-            !winIni.MyGetAppProfileString(kVendorSection, kLocatorTable[number].folderValueName, "")
-                 .empty();
-        EXPECT_EQ(inWinIni,
-                  program.record == FolderRecord::WinIni || program.record == FolderRecord::Both);
-    }
-}
-
-TEST_F(SampleDesktopTest, TakesTheRealUpdateManagerAndPointsItAtItsServer)
+TEST_F(SampleDesktopTest, TakesTheRealUpdateManagerAndPointsItAtItsServerOrSaysWhyNot)
 {
     m_choices.updateManager = m_desktop.Write("build\\VelmoUpd.exe", "the real one");
     m_choices.server = "http://127.0.0.1:8123";
     LayOut();
     EXPECT_EQ(m_desktop.Read(SampleCommonFolder(m_choices) + "VelmoUpd.exe"), "the real one");
     EXPECT_EQ(platform::ReadMachinePolicy("WebServer"), "http://127.0.0.1:8123");
-}
 
-TEST_F(SampleDesktopTest, SaysWhyItCouldNotTakeTheUpdateManager)
-{
     m_choices.updateManager = m_desktop.Folder() + "missing.exe";
     const auto done = LayOutSampleDesktop(m_choices);
     ASSERT_FALSE(done);

@@ -1,6 +1,5 @@
 #include "catalogue/CVelmoProgramCommunicator.h"
 #include "catalogue/CommonFolder.h"
-#include "controls/UserPrompts.h"
 #include "equipment/EquipmentList.h"
 #include "equipment/InstallFlow.h"
 #include "platform/HeadlessLoop.h"
@@ -8,10 +7,10 @@
 #include "sample/InstalledEquipment.h"
 #include "sample/SampleDesktop.h"
 #include "sample/SampleSetups.h"
-#include "sample/SetupPayload.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
 #include "tests/support/FaultServer.h"
+#include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
 #include "tests/support/TestData.h"
 
@@ -28,7 +27,7 @@ namespace
 using testing::HasSubstr;
 using testing::Not;
 
-class SampleEquipmentTest : public testing::Test, protected UserPrompts
+class SampleEquipmentTest : public testing::Test
 {
   protected:
     SampleEquipmentTest()
@@ -40,11 +39,6 @@ class SampleEquipmentTest : public testing::Test, protected UserPrompts
         m_settings.AppProfileFileName(SettingsFilePath());
         m_desktop.Write(m_listPath, ManufacturerListText(m_setups.Sections(), m_server.Url("")));
         m_list.Refresh();
-    }
-
-    void Notify(PromptIcon /*icon*/, const std::string& text, const std::string& title) override
-    {
-        ADD_FAILURE() << title << ": " << text;
     }
 
     [[nodiscard]] const std::string& Cell(std::size_t row, EquipmentColumn column) const
@@ -70,7 +64,8 @@ class SampleEquipmentTest : public testing::Test, protected UserPrompts
     SampleSetups m_setups{m_desktop.Read(test::BuildMachinePath(VELMO_EQUIPMENT_SETUP))};
     DiagnosticLog m_log{m_desktop.Folder() + "VelmoUpd.log"};
     CINIFileHandler m_settings{m_log};
-    CVelmoProgramCommunicator m_locator{m_log, *this};
+    test::RecordedPrompts m_prompts;
+    CVelmoProgramCommunicator m_locator{m_log, m_prompts};
     EquipmentList m_list{m_listPath, "", m_locator, m_log};
     platform::HeadlessLoop m_loop;
 };
@@ -79,22 +74,20 @@ TEST_F(SampleEquipmentTest, TheGridSaysOfEachDatabaseWhatIsInstalled)
 {
     ASSERT_EQ(m_list.Grid().Model().Rows().size(), 200U);
     std::int32_t old = 0;
-    std::size_t installed = 0;
     for (std::size_t row = 0; row < 200; ++row)
     {
-        SCOPED_TRACE(Cell(row, EquipmentColumn::DatabaseFile));
+        const std::string& file = Cell(row, EquipmentColumn::DatabaseFile);
+        SCOPED_TRACE(file);
         const InstalledState state = InstalledDatabaseState(row);
         old += state == InstalledState::Old ? 1 : 0;
-        installed += state != InstalledState::None ? 1 : 0;
-        const bool isDated = state == InstalledState::Old || state == InstalledState::Current;
-        EXPECT_EQ(Cell(row, EquipmentColumn::DatabaseNeedsUpdate), state == InstalledState::Old
-                                                                       ? "Yes"
-                                                                   : isDated ? "No"
-                                                                             : "-");
-        EXPECT_EQ(Cell(row, EquipmentColumn::DatabaseInstalled) != "-", isDated);
+        const char* needsUpdate = state == InstalledState::Old       ? "Yes"
+                                  : state == InstalledState::Current ? "No"
+                                                                     : "-";
+        EXPECT_EQ(Cell(row, EquipmentColumn::DatabaseNeedsUpdate), needsUpdate);
+        EXPECT_EQ(platform::MFile::FileExists(CommonFolder() + file),
+                  state != InstalledState::None);
     }
     EXPECT_EQ(m_list.CountDatabasesThatNeedUpdate(), old);
-    EXPECT_EQ(installed, 67U);
     EXPECT_GT(m_list.CountPicturesThatNeedUpdate(), 5);
 }
 
@@ -108,9 +101,7 @@ TEST_F(SampleEquipmentTest, WhatIsTickedIsInstalledByItsSetups)
         ++old;
     }
     ASSERT_TRUE(grid.Toggle(old, Index(EquipmentColumn::InstallPictures)));
-    const auto ticked = grid.Summary();
-    EXPECT_THAT(ticked, Not(testing::StartsWith("DB: 0, Pic: 0")));
-    auto order = m_list.PrepareInstall(*this);
+    auto order = m_list.PrepareInstall(m_prompts);
     ASSERT_TRUE(order);
     ServeAll(order->databases.files, kDatabaseFolder);
     ServeAll(order->pictures.files, kPictureFolder);
@@ -134,24 +125,6 @@ TEST_F(SampleEquipmentTest, WhatIsTickedIsInstalledByItsSetups)
     EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(record, '\n')), files);
     EXPECT_THAT(record, HasSubstr(", wizard skipped"));
     EXPECT_THAT(record, Not(HasSubstr(": ")));
-}
-
-TEST(SetupPayloadTest, FilesComeBackFromBehindTheProgram)
-{
-    const std::vector<PayloadFile> files{{"a b.mdb", std::string("\0\n1 x\n", 6)},
-                                         {"c\\d.ini", ""}};
-    const std::string setup = WithPayload("program", files, 300);
-    EXPECT_EQ(setup.size(), 300U);
-    EXPECT_TRUE(setup.starts_with("program"));
-    const auto back = PayloadOf(setup);
-    ASSERT_TRUE(back);
-    ASSERT_EQ(back->size(), 2U);
-    EXPECT_EQ(back->at(0).path, "a b.mdb");
-    EXPECT_EQ(back->at(0).bytes, files[0].bytes);
-    EXPECT_EQ(back->at(1).path, "c\\d.ini");
-    EXPECT_FALSE(PayloadOf(setup.substr(0, 299)));
-    EXPECT_FALSE(PayloadOf("program"));
-    EXPECT_FALSE(PayloadOf(setup.substr(10)));
 }
 
 } // namespace

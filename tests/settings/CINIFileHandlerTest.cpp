@@ -110,10 +110,8 @@ TEST_F(CINIFileHandlerTest, WhatIsWrittenIsInTheFileAndReadsBack)
 
 TEST_F(CINIFileHandlerTest, LongTextIsCutToItsBuffer)
 {
-    const std::string longValue(300, 'x');
-    Hold(longValue);
-    EXPECT_EQ(m_handler.MyGetAppProfileString("S", "k", ""), longValue.substr(0, 255));
     Hold(std::string(40'000, 'x'));
+    EXPECT_EQ(m_handler.MyGetAppProfileString("S", "k", "").size(), 255U);
     EXPECT_EQ(m_handler.MyGetAppProfileSection("S").size(), 32'765U);
 }
 

@@ -72,22 +72,10 @@ TEST(CEntriesTest, ARemovedEntryFreesItsNameAndMovesTheOthersUp)
 
 TEST(LoadSectionDataTest, LinesBecomeSectionsAndEntriesUntrimmed)
 {
-    const auto sections = LoadSectionData("before=1\r\n"
-                                          "[Pumps]\r\n"
-                                          " k = a=b \r\n"
-                                          "no mark\r\n"
-                                          "\r\n"
-                                          "=nameless\n"
-                                          "K =second\n"
-                                          "k=third\n"
-                                          "K=fourth\n"
-                                          "\xC3\xA4[Fans]\xC3\xA4\n"
-                                          "[open=1\n"
-                                          "x]\n"
-                                          "[PUMPS]\n"
-                                          "lost=1\n"
-                                          "[]\n"
-                                          "last=1");
+    const auto sections = LoadSectionData("before=1\r\n[Pumps]\r\n k = a=b \r\nno mark\r\n\r\n"
+                                          "=nameless\nK =second\nk=third\nK=fourth\n"
+                                          "\xC3\xA4[Fans]\xC3\xA4\n[open=1\nx]\n"
+                                          "[PUMPS]\nlost=1\n[]\nlast=1");
     EXPECT_EQ(Contents(sections),
               (Lines{"[Pumps]", "< k >=< a=b >", "<>=<nameless>", "<K >=<second>", "<k>=<third>",
                      "[[Fans]]", "<[open>=<1>", "[]", "<last>=<1>"}));

@@ -101,10 +101,7 @@ void FaultServer::Release(const std::string& path)
 void FaultServer::AwaitRequest(const std::string& path)
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [&] {
-        return std::any_of(m_requests.begin(), m_requests.end(),
-                           [&](const std::string& head) { return PathOf(head) == path; });
-    });
+    m_changed.wait(lock, [&] { return std::ranges::count(m_requests, path, PathOf) > 0; });
 }
 
 std::vector<std::string> FaultServer::Requests() const
@@ -116,9 +113,7 @@ std::vector<std::string> FaultServer::Requests() const
 int FaultServer::CountOf(const std::string& path) const
 {
     const std::lock_guard lock(m_mutex);
-    return static_cast<int>(
-        std::count_if(m_requests.begin(), m_requests.end(),
-                      [&](const std::string& head) { return PathOf(head) == path; }));
+    return static_cast<int>(std::ranges::count(m_requests, path, PathOf));
 }
 
 FaultServer::Script FaultServer::Answer(std::string_view statusLine, std::string_view content)
@@ -136,22 +131,45 @@ FaultServer::Step FaultServer::Head(std::uint64_t length)
 
 FaultServer::Step FaultServer::Send(std::string_view bytes, std::uint64_t times)
 {
-    return {Step::Kind::Send, std::string(bytes), times};
+    return [bytes = std::string(bytes), times](FaultServer&, Connection& connection) {
+        bool sent = true;
+        for (std::uint64_t i = 0; sent && i < times; ++i)
+        {
+            sent = connection.socket.Send(bytes);
+        }
+        return sent;
+    };
 }
 
 FaultServer::Step FaultServer::Drip(std::string_view bytes)
 {
-    return {Step::Kind::Drip, std::string(bytes)};
+    return [bytes = std::string(bytes)](FaultServer& server, Connection& connection) {
+        return std::ranges::all_of(bytes, [&](char byte) {
+            std::unique_lock lock(server.m_mutex);
+            return !server.m_changed.wait_for(lock, kDripPause, [&] {
+                return server.m_stopping;
+            }) && connection.socket.Send({&byte, 1});
+        });
+    };
 }
 
 FaultServer::Step FaultServer::Hold()
 {
-    return {Step::Kind::Hold, {}};
+    return [](FaultServer& server, Connection& connection) {
+        std::unique_lock lock(server.m_mutex);
+        server.m_changed.wait(
+            lock, [&] { return server.m_stopping || server.m_released[connection.path]; });
+        return !server.m_stopping;
+    };
 }
 
 FaultServer::Step FaultServer::Reset()
 {
-    return {Step::Kind::Reset, {}};
+    return [](FaultServer& server, Connection& connection) {
+        const std::lock_guard lock(server.m_mutex);
+        connection.socket.Reset();
+        return false;
+    };
 }
 
 FaultServer::Script FaultServer::Redirect(std::string_view location)
@@ -195,10 +213,9 @@ void FaultServer::Talk(Connection& connection)
     {
         return;
     }
-    const std::string path = PathOf(head);
-    for (const Step& step : ScriptFor(head, path))
+    for (const Step& step : ScriptFor(head, connection))
     {
-        if (!PlayStep(connection, step, path))
+        if (!step(*this, connection))
         {
             return;
         }
@@ -206,7 +223,7 @@ void FaultServer::Talk(Connection& connection)
     connection.socket.Shutdown();
 }
 
-FaultServer::Script FaultServer::ScriptFor(const std::string& head, const std::string& path)
+FaultServer::Script FaultServer::ScriptFor(const std::string& head, Connection& connection)
 {
     const std::lock_guard lock(m_mutex);
     if (head.front() == kTlsHandshake)
@@ -214,47 +231,10 @@ FaultServer::Script FaultServer::ScriptFor(const std::string& head, const std::s
         return m_secureScript;
     }
     m_requests.push_back(head);
+    connection.path = PathOf(head);
     m_changed.notify_all();
-    const auto script = m_scripts.find(path);
+    const auto script = m_scripts.find(connection.path);
     return script == m_scripts.end() ? Answer("404 Not Found", "no such page") : script->second;
-}
-
-bool FaultServer::PlayStep(Connection& connection, const Step& step, const std::string& path)
-{
-    switch (step.kind)
-    {
-    case Step::Kind::Send: {
-        bool sent = true;
-        for (std::uint64_t i = 0; sent && i < step.times; ++i)
-        {
-            sent = connection.socket.Send(step.bytes);
-        }
-        return sent;
-    }
-    case Step::Kind::Drip: {
-        for (std::size_t i = 0; i < step.bytes.size(); ++i)
-        {
-            std::unique_lock lock(m_mutex);
-            if (m_changed.wait_for(lock, kDripPause, [this] { return m_stopping; }) ||
-                !connection.socket.Send(std::string_view(step.bytes).substr(i, 1)))
-            {
-                return false;
-            }
-        }
-        return true;
-    }
-    case Step::Kind::Hold: {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [&] { return m_stopping || m_released[path]; });
-        return !m_stopping;
-    }
-    case Step::Kind::Reset: {
-        const std::lock_guard lock(m_mutex);
-        connection.socket.Reset();
-        return false;
-    }
-    }
-    return false;
 }
 
 } // namespace velmo::test

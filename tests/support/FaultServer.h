@@ -4,6 +4,7 @@
 
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <list>
 #include <map>
 #include <mutex>
@@ -23,19 +24,15 @@ namespace velmo::test
 class FaultServer
 {
   public:
-    struct Step
+    struct Connection
     {
-        enum class Kind
-        {
-            Send,  ///< Sends the bytes, @a times over.
-            Drip,  ///< Sends the bytes one by one with a pause between them.
-            Hold,  ///< Waits for Release() of the path, or the server's end.
-            Reset, ///< Breaks the connection off.
-        };
-        Kind kind = Kind::Send;
-        std::string bytes;
-        std::uint64_t times = 1;
+        LoopbackSocket socket;
+        std::string path; ///< What it has asked for.
+        std::thread thread;
     };
+
+    /// One thing to do; false when that has broken the connection off.
+    using Step = std::function<bool(FaultServer&, Connection&)>;
 
     /// After its last step the connection ends in good order.
     using Script = std::vector<Step>;
@@ -77,9 +74,13 @@ class FaultServer
     [[nodiscard]] static Script Answer(std::string_view statusLine, std::string_view content = {});
     /// The head of a "200 OK" that announces @a length bytes.
     [[nodiscard]] static Step Head(std::uint64_t length);
+    /// Sends the bytes, @a times over.
     [[nodiscard]] static Step Send(std::string_view bytes, std::uint64_t times = 1);
+    /// Sends the bytes one by one with a pause between them.
     [[nodiscard]] static Step Drip(std::string_view bytes);
+    /// Waits for Release() of the path, or the server's end.
     [[nodiscard]] static Step Hold();
+    /// Breaks the connection off.
     [[nodiscard]] static Step Reset();
     /// Sends the reader elsewhere, to a path or to an address.
     [[nodiscard]] static Script Redirect(std::string_view location);
@@ -87,17 +88,9 @@ class FaultServer
     [[nodiscard]] static Script Chunked(std::string_view content, bool finish = true);
 
   private:
-    struct Connection
-    {
-        LoopbackSocket socket;
-        std::thread thread;
-    };
-
     void AcceptAll();
     void Talk(Connection& connection);
-    /// False when the script has broken the connection off.
-    bool PlayStep(Connection& connection, const Step& step, const std::string& path);
-    [[nodiscard]] Script ScriptFor(const std::string& head, const std::string& path);
+    [[nodiscard]] Script ScriptFor(const std::string& head, Connection& connection);
 
     LoopbackSocket m_listener;
     int m_port = 0;

@@ -4,8 +4,8 @@
 #include <winsock2.h>
 #else
 #include <arpa/inet.h>
-#include <fcntl.h>
 #include <netinet/in.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 #endif
@@ -27,28 +27,9 @@ using Count = int;
 constexpr int kBoth = SD_BOTH;
 constexpr int kSendFlags = 0;
 
-void StartSockets()
-{
-    static const int started = [] {
-        WSADATA data{};
-        return WSAStartup(MAKEWORD(2, 2), &data);
-    }();
-    if (started != 0)
-    {
-        throw std::runtime_error("no sockets");
-    }
-}
-
-void CloseHandle(Handle handle)
-{
-    closesocket(handle);
-}
-
-void SetNonBlocking(Handle handle)
-{
-    u_long on = 1;
-    ioctlsocket(handle, FIONBIO, &on);
-}
+constexpr auto kClose = closesocket;
+constexpr auto kControl = ioctlsocket;
+using Flag = u_long;
 #else
 using Handle = int;
 using Length = socklen_t;
@@ -56,17 +37,9 @@ using Count = std::size_t;
 constexpr int kBoth = SHUT_RDWR;
 constexpr int kSendFlags = MSG_NOSIGNAL;
 
-void StartSockets() {}
-
-void CloseHandle(Handle handle)
-{
-    close(handle);
-}
-
-void SetNonBlocking(Handle handle)
-{
-    fcntl(handle, F_SETFL, O_NONBLOCK);
-}
+constexpr auto kClose = close;
+constexpr auto kControl = ioctl;
+using Flag = int;
 #endif
 
 Handle Native(std::intptr_t handle)
@@ -76,7 +49,10 @@ Handle Native(std::intptr_t handle)
 
 std::intptr_t MakeSocket()
 {
-    StartSockets();
+#ifdef _WIN32
+    WSADATA data{};
+    [[maybe_unused]] static const int started = WSAStartup(MAKEWORD(2, 2), &data);
+#endif
     const auto handle = static_cast<std::intptr_t>(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP));
     if (handle == -1)
     {
@@ -110,7 +86,7 @@ LoopbackSocket::~LoopbackSocket()
 {
     if (IsOpen())
     {
-        CloseHandle(Native(m_handle));
+        kClose(Native(m_handle));
     }
 }
 
@@ -130,7 +106,8 @@ LoopbackSocket LoopbackSocket::Listening(int backlog)
 LoopbackSocket LoopbackSocket::Connecting(int port)
 {
     LoopbackSocket made(MakeSocket());
-    SetNonBlocking(Native(made.m_handle));
+    Flag nonBlocking = 1;
+    kControl(Native(made.m_handle), FIONBIO, &nonBlocking);
     const sockaddr_in address = Loopback(port);
     connect(Native(made.m_handle), reinterpret_cast<const sockaddr*>(&address), sizeof address);
     return made;
@@ -184,7 +161,7 @@ void LoopbackSocket::Reset()
     const linger none{1, 0};
     setsockopt(Native(m_handle), SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&none),
                sizeof none);
-    CloseHandle(Native(std::exchange(m_handle, kNone)));
+    kClose(Native(std::exchange(m_handle, kNone)));
 }
 
 } // namespace velmo::test

@@ -23,12 +23,14 @@ std::string NewFolder(unsigned long process)
     return "C:\\velmo-test-" + std::to_string(process) + "-" + std::to_string(++count) + "\\";
 }
 
-void Require(const Result<Done>& result, std::string_view what)
+template <typename T>
+T Require(Result<T> result, std::string_view what)
 {
     if (!result)
     {
         throw std::runtime_error(std::string(what) + ": " + result.Failure().description);
     }
+    return std::move(result).Value();
 }
 
 } // namespace
@@ -49,12 +51,7 @@ std::string TemporaryDesktop::Write(std::string_view name, std::string_view byte
 
 std::string TemporaryDesktop::Read(std::string_view name) const
 {
-    auto bytes = platform::MFile::ReadAll(PathOf(name));
-    if (!bytes)
-    {
-        throw std::runtime_error(PathOf(name) + ": " + bytes.Failure().description);
-    }
-    return std::move(bytes).Value();
+    return Require(platform::MFile::ReadAll(PathOf(name)), name);
 }
 
 void TemporaryDesktop::SetWinIniFolder(std::string_view name, std::string_view folder) const
