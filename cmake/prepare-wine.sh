@@ -41,6 +41,3 @@ if [ "$(cat "$mark" 2> /dev/null)" != "$made" ]; then
     fi
     echo "$made" > "$mark"
 fi
-# The first program starts Wine's services, which live as long as the server and keep that program's standard error:
-# were it a test's, its runner would wait for them.
-wine reg query 'HKCU\Software\Wine' < /dev/null > /dev/null 2>&1 9>&- || true

@@ -22,5 +22,6 @@ step() # PRESET WHAT COMMAND...
 for preset in "$@"; do
     step "$preset" configure cmake --preset "$preset" --log-level=WARNING
     step "$preset" build cmake --build --preset "$preset" --parallel "$jobs"
+    if [ "$preset" = windows ]; then step "$preset" "start of Wine" cmake/start-wine.sh; fi
     step "$preset" test ctest --preset "$preset" --parallel "$jobs"
 done
