@@ -93,7 +93,10 @@ void ConnectPanel::ShowStatusLines()
     wxString text = ToWx(m_manager.StatusBox().Text());
     text.Replace("\r\n", "\n");
     // Without a last empty line, so that the box shows as many lines as fit.
-    text.EndsWith("\n", &text);
+    if (text.EndsWith("\n"))
+    {
+        text.RemoveLast();
+    }
     m_status->ChangeValue(text);
     m_status->ShowPosition(m_status->GetLastPosition());
 }

@@ -53,8 +53,11 @@ void NewsPage::ShowHeadlines()
         lines.push_back({headline.text, headline.link});
     }
     m_headlines->SetLines(lines);
-    // Headlines come with a connection: the page may load now.
-    m_browser->Retry();
+    if (!lines.empty())
+    {
+        // They came with a connection: the page may load now.
+        m_browser->Retry();
+    }
 }
 
 void NewsPage::OpenNewsPage()

@@ -117,6 +117,7 @@ void ProgramsPage::ShowMenu(wxPoint place)
     const long selected = m_list->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
     if (selected >= 0)
     {
+        m_list->EnsureVisible(selected);
         m_list->GetItemRect(selected, row);
     }
     m_list->PopupMenu(&menu, row.GetBottomLeft());

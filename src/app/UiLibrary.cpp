@@ -59,6 +59,20 @@ class Application final : public wxApp
         m_manager = std::make_unique<UpdateManager>(*m_loop, m_prompts, m_pointer);
         m_windows = std::make_unique<UpdateWindows>(*m_manager, m_prompts, m_pointer);
         m_manager->Startup().MarkCaller(m_startup);
+        // An open message does not hold up the end of the session; a running fetch may.
+        Bind(wxEVT_QUERY_END_SESSION, [this](wxCloseEvent& event) {
+            if (event.CanVeto() && m_manager->Lists().Busy())
+            {
+                event.Veto();
+            }
+        });
+        Bind(wxEVT_END_SESSION, [this](wxCloseEvent& event) {
+            if (m_window != nullptr)
+            {
+                m_window->SaveState();
+            }
+            event.Skip();
+        });
         return true;
     }
 
@@ -101,9 +115,9 @@ class Application final : public wxApp
         const CHourGlass busy(m_pointer);
         auto* window = new frmMain(*m_manager, *m_windows, *m_loop);
         SetTopWindow(window);
-        const wxWeakRef<frmMain> weak(window);
+        m_window = window;
         m_listener.emplace(kInstanceName, *m_loop,
-                           [weak] { return weak != nullptr && weak->ComeForward(); });
+                           [this] { return m_window != nullptr && m_window->ComeForward(); });
         return window;
     }
 
@@ -144,6 +158,7 @@ class Application final : public wxApp
     std::unique_ptr<WxMessageLoop> m_loop;
     std::unique_ptr<UpdateManager> m_manager;
     std::unique_ptr<UpdateWindows> m_windows;
+    wxWeakRef<frmMain> m_window;
     std::optional<platform::InstanceListener> m_listener;
 };
 

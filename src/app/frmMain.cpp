@@ -21,7 +21,6 @@
 #include <wx/accel.h>
 #include <wx/app.h>
 #include <wx/clipbrd.h>
-#include <wx/dialog.h>
 #include <wx/menu.h>
 #include <wx/notebook.h>
 #include <wx/sizer.h>
@@ -110,12 +109,34 @@ void frmMain::CreateWindow()
 }
 
 #ifdef __WXMSW__
+namespace
+{
+
+/// Whether the system can look for a letter's control from the focus on. From a panel, or from within
+/// something hidden or disabled, it would search for ever.
+bool IsOnAControl(HWND focus, HWND window)
+{
+    if (focus == nullptr || (::GetWindowLongW(focus, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0)
+    {
+        return false;
+    }
+    HWND at = focus;
+    while (at != nullptr && at != window && ::IsWindowVisible(at) && ::IsWindowEnabled(at))
+    {
+        at = ::GetParent(at);
+    }
+    return at == window && focus != window;
+}
+
+} // namespace
+
 bool frmMain::MSWTranslateMessage(WXMSG* message)
 {
     // The toolkit looks for an underlined letter in the innermost panel around the focus only; here it
     // means any control that is seen.
     return wxFrame::MSWTranslateMessage(message) ||
-           (message->message == WM_SYSCHAR && ::IsDialogMessageW(GetHwnd(), message) != FALSE);
+           (message->message == WM_SYSCHAR && IsOnAControl(message->hwnd, GetHwnd()) &&
+            ::IsDialogMessageW(GetHwnd(), message) != FALSE);
 }
 #endif
 
@@ -342,18 +363,7 @@ void frmMain::OnClose(wxCloseEvent& event)
 /// True while another window of the program waits for an answer.
 bool frmMain::IsBlocked() const
 {
-#ifdef __WXMSW__
-    // A message box is the system's own window.
-    if (!::IsWindowEnabled(GetHwnd()))
-    {
-        return true;
-    }
-#endif
-    return std::any_of(wxTopLevelWindows.begin(), wxTopLevelWindows.end(),
-                       [](const wxWindow* window) {
-                           const auto* dialog = dynamic_cast<const wxDialog*>(window);
-                           return dialog != nullptr && dialog->IsModal();
-                       });
+    return m_dialogs.Open() > 0;
 }
 
 void frmMain::SaveState()

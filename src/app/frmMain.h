@@ -1,6 +1,7 @@
 #pragma once
 
 #include "manager/UpdateManager.h"
+#include "ui/OpenDialogs.h"
 
 #include <wx/frame.h>
 
@@ -39,6 +40,9 @@ class frmMain final : public wxFrame, private UpdateManagerView
     /// @a databasesTab on the equipment tab. The lists are there: no timer connects.
     void OpenOnUpdates(const std::string& caller, bool databasesTab);
 
+    /// What closing does before the window goes; for a session that ends without closing it.
+    void SaveState();
+
     /// Brings the window to the front, restored when it is minimised. False when it is not shown.
     bool ComeForward();
 
@@ -54,7 +58,6 @@ class frmMain final : public wxFrame, private UpdateManagerView
     void SelectProgram(const std::string& name);
     [[nodiscard]] bool IsBlocked() const;
     void OnClose(wxCloseEvent& event);
-    void SaveState();
     void StartTimer(const std::string& commandLine);
     void OnTimer(const std::string& commandLine);
     void ShowAbout();
@@ -75,6 +78,7 @@ class frmMain final : public wxFrame, private UpdateManagerView
     EquipmentPage* m_equipment = nullptr;
     NewsPage* m_news = nullptr;
     ConnectPanel* m_connect = nullptr;
+    OpenDialogs m_dialogs;
 };
 
 } // namespace velmo

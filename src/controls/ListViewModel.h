@@ -42,9 +42,10 @@ class ListViewModel
     {
       public:
         virtual ~Observer() = default;
-        virtual void OnRowsChanged() = 0;      ///< Rows added, removed, reordered or rewritten.
-        virtual void OnColumnsChanged() = 0;   ///< Widths or marks.
-        virtual void OnSelectionChanged() = 0; ///< Another row, or none, is selected.
+        virtual void OnRowsChanged() = 0;    ///< Rows added, removed, reordered or rewritten.
+        virtual void OnColumnsChanged() = 0; ///< Widths or marks.
+        virtual void
+        OnSelectionChanged() = 0; ///< Another row, or none, is selected, or it reads differently.
         virtual void OnScrollToRow(std::size_t row) = 0; ///< Make the row visible.
     };
 

@@ -47,7 +47,8 @@ class InstanceListener
 {
   public:
     /// @a comeForward is called on the loop and answers whether there was a window to bring forward.
-    /// The loop must outlive the listener.
+    /// It
+    /// is copied on another thread. The loop must outlive the listener.
     InstanceListener(std::string_view name, MessageLoop& loop, std::function<bool()> comeForward);
     ~InstanceListener();
     InstanceListener(const InstanceListener&) = delete;

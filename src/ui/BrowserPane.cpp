@@ -10,6 +10,7 @@
 #include <wx/stattext.h>
 #include <wx/webview.h>
 
+#include <string_view>
 #include <utility>
 
 namespace velmo
@@ -18,6 +19,11 @@ namespace
 {
 
 constexpr int kMargin = 16;
+
+std::string_view WithoutFragment(std::string_view address)
+{
+    return address.substr(0, address.find('#'));
+}
 
 } // namespace
 
@@ -87,8 +93,10 @@ void BrowserPane::ShowInEngine()
         m_text->Hide();
         GetSizer()->Add(m_engine, wxSizerFlags(1).Expand());
         m_engine->Bind(wxEVT_WEBVIEW_ERROR, [this](const wxWebViewEvent& event) {
-            // The load that the next one replaces ends with an error too.
-            m_failed = event.GetInt() != wxWEBVIEW_NAV_ERR_USER_CANCELLED;
+            // Not those of a page's parts, nor of the load that this one replaced.
+            const std::string failed = FromWx(event.GetURL());
+            m_failed = m_failed || (event.GetInt() != wxWEBVIEW_NAV_ERR_USER_CANCELLED &&
+                                    WithoutFragment(failed) == WithoutFragment(m_address));
         });
     }
     m_failed = false;

@@ -3,6 +3,7 @@
 #include "ui/Twips.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velmo
 {
@@ -34,6 +35,11 @@ CHorizontalSplitter::CHorizontalSplitter(wxWindow* parent, const wxString& name)
         // Only the person's dragging is told here, not the toolkit's own moves while it lays out.
         event.SetSashPosition(WithinMargins(event.GetSashPosition()));
         m_wanted = TwipsOfPixels(*this, event.GetSashPosition());
+        m_settled = true;
+    });
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        event.Skip();
+        SettleWhenQuiet();
     });
     Bind(wxEVT_SPLITTER_DOUBLECLICKED, [](wxSplitterEvent& event) { event.Veto(); });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -57,12 +63,32 @@ void CHorizontalSplitter::RefreshBar()
         return;
     }
     const double innerHeight = TwipsOfPixels(*this, height);
-    const double top = UsableBarTop(m_wanted.value_or(innerHeight * kDesignPart), innerHeight);
+    double top = m_wanted.value_or(innerHeight * kDesignPart);
+    if (!m_settled)
+    {
+        // In the next size of the first layout the stored position may be usable.
+        top = UsableBarTop(top, innerHeight);
+    }
     const int position = WithinMargins(PixelsOfTwips(*this, top));
     m_placed = true;
     if (position != GetSashPosition())
     {
         SetSashPosition(position);
+    }
+}
+
+void CHorizontalSplitter::SettleWhenQuiet()
+{
+    const int height = GetClientSize().GetHeight();
+    if (m_settled || !m_placed || !IsShownOnScreen() ||
+        std::exchange(m_heightAtIdle, height) != height)
+    {
+        return;
+    }
+    m_settled = true;
+    if (m_wanted)
+    {
+        m_wanted = UsableBarTop(*m_wanted, TwipsOfPixels(*this, height));
     }
 }
 

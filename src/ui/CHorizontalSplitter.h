@@ -26,7 +26,7 @@ class CHorizontalSplitter final : public wxSplitterWindow
     /// Puts the bar where it belongs in the container's present size.
     void RefreshBar();
 
-    /// Nothing before the bar has its place.
+    /// Where the bar stands; before it has its place, where it was put.
     [[nodiscard]] std::optional<double> BarTop() const;
 
     /// Height of the bar in pixels.
@@ -37,9 +37,12 @@ class CHorizontalSplitter final : public wxSplitterWindow
     int MinimumSplitterBarBottomMargin = 60;
 
   private:
+    void SettleWhenQuiet();
     [[nodiscard]] int WithinMargins(int position) const;
 
-    bool m_placed = false;          ///< Not before the container has its first real size.
+    bool m_placed = false;  ///< Not before the container has its first real size.
+    bool m_settled = false; ///< The window's first layout is over, or a person moved the bar.
+    int m_heightAtIdle = 0;
     std::optional<double> m_wanted; ///< Where the bar was put; nothing: at its design position.
 };
 

@@ -167,6 +167,30 @@ TEST(MainWindowTest, ABarAtTheTopStaysThere)
     EXPECT_EQ(desktop.Setting("Main Window", "SliderTopPrograms"), "600");
 }
 
+TEST(MainWindowTest, ABarThatAPersonPutComesBackAfterASmallWindow)
+{
+    const WindowDesktop desktop;
+    desktop.WriteSettings(kNoAutoConnect);
+    WindowUnderTest test;
+    test.window->SetSize(1000, 900);
+    test.window->Open("");
+    auto& splitter = test.Find<CHorizontalSplitter>("fraSplitterProgram");
+    test.WaitFor("the layout", [&] { return splitter.GetClientSize().y > 400; });
+    wxSplitterEvent drag(wxEVT_SPLITTER_SASH_POS_CHANGING, &splitter);
+    const int place = splitter.GetClientSize().y - 100;
+    drag.SetSashPosition(place);
+    splitter.ProcessWindowEvent(drag);
+    splitter.RefreshBar();
+    EXPECT_EQ(splitter.GetSashPosition(), place);
+    test.window->SetSize(1000, 600);
+    test.WaitFor("a small window", [&] {
+        return splitter.GetClientSize().y < place && splitter.GetSashPosition() < place;
+    });
+    EXPECT_GT(splitter.GetSashPosition(), 40) << "as far down as there is room";
+    test.window->SetSize(1000, 900);
+    test.WaitFor("the bar", [&] { return splitter.GetSashPosition() == place; });
+}
+
 TEST(MainWindowTest, DatabasesAreShownToThoseWhoAskForThem)
 {
     WindowDesktop desktop;

@@ -167,6 +167,10 @@ void InstanceListener::State::Serve(MessageLoop& loop,
         // The loop answers when it gets to it; should it end before, the client hears that there is no window.
         const auto client = std::make_shared<const Descriptor>(
             accept4(listener.Get(), nullptr, nullptr, SOCK_CLOEXEC));
+        if (client->Get() < 0)
+        {
+            return; // This process has no more descriptors: later instances find nobody.
+        }
         loop.Post([client, comeForward] {
             const char reply = comeForward() ? kYes : kNo;
             (void)!send(client->Get(), &reply, 1, MSG_NOSIGNAL);
