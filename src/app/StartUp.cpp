@@ -54,9 +54,8 @@ SilentResult CheckSilently(const StartupRequest& request)
 }
 
 /// Loads the windows' library and lets it show what @a request asks for.
-int ShowWindows(UiRequest request, bool silent)
+int ShowWindows(UiRequest request, bool silent, DiagnosticLog& log)
 {
-    DiagnosticLog log(LogFilePath());
     int exitCode = kOtherBuild;
     const auto library = platform::LoadFromProgramFolder(kUiLibrary, kUiFunction);
     if (library)
@@ -105,11 +104,11 @@ int RunInStartupMode(const std::string& commandLine)
     request.databases = findings.equipment.databases;
     request.pictures = findings.equipment.pictures;
     request.statusLines = result.statusLines.c_str();
-    const int exitCode = ShowWindows(request, true);
+    DiagnosticLog log(LogFilePath());
+    const int exitCode = ShowWindows(request, true, log);
     if (exitCode != 0)
     {
         // Nobody else is there to delete them.
-        DiagnosticLog log(LogFilePath());
         ListFiles(platform::ProgramFolder()).Delete(log);
     }
     return exitCode;
@@ -130,7 +129,8 @@ int RunStartUp(int argc, char** argv)
     UiRequest request{};
     request.commandLine = commandLine.c_str();
     request.subject = UiSubject::MainWindow;
-    return ShowWindows(request, false);
+    DiagnosticLog log(LogFilePath());
+    return ShowWindows(request, false, log);
 }
 
 } // namespace

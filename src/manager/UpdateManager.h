@@ -89,8 +89,7 @@ class UpdateManager final : private ListsDownloadClient
 
     /// What the timer does once after the window opened: connects when that is automatic, tells the
     /// status of the program that the command line named, and offers an update of the update manager
-    /// itself. Not while a fetch runs.
-    /// @a own is the running program's version.
+    /// itself, whose running version is @a own. Not while a fetch runs.
     void RunAfterOpening(const StartupRequest& request, const ProgramVersion& own,
                          UpdatePrompts& prompts);
 

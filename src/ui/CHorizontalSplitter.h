@@ -9,8 +9,8 @@ namespace velmo
 
 /**
     A bar between the control above it and the control below it in one container. The person drags
-    it. When the container is resized, it stays where it was put, or at its part of the height when
-    nobody put it anywhere, and within its two margins. Positions are twips from the container's top
+    it. When the container is resized, it stays where it was put, or at its part of the height as
+    long as it was put nowhere, and within its two margins. Positions are twips from the container's top
     (Twips.h).
  */
 class CHorizontalSplitter final : public wxSplitterWindow

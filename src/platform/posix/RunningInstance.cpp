@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <functional>
@@ -160,11 +161,17 @@ void InstanceListener::State::Serve(MessageLoop& loop,
     {
         std::array<pollfd, 2> waiting{pollfd{listener.Get(), POLLIN, 0},
                                       pollfd{wakeUp[0].Get(), POLLIN, 0}};
-        if (poll(waiting.data(), waiting.size(), -1) < 0 || waiting[1].revents != 0)
+        const int ready = poll(waiting.data(), waiting.size(), -1);
+        if (ready < 0 && errno == EINTR)
+        {
+            continue;
+        }
+        if (ready < 0 || waiting[1].revents != 0)
         {
             return;
         }
-        // The loop answers when it gets to it; should it end before, the client hears that there is no window.
+        // The loop answers when it gets to it; should it end before, the client hears that there is
+        // no window.
         const auto client = std::make_shared<const Descriptor>(
             accept4(listener.Get(), nullptr, nullptr, SOCK_CLOEXEC));
         if (client->Get() < 0)
