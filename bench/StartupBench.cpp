@@ -1,7 +1,7 @@
 #include "platform/MFile.h"
 #include "sample/SampleDesktop.h"
 #include "sample/SampleEquipment.h"
-#include "sample/SampleVersionList.h"
+#include "sample/SampleVendorSite.h"
 #include "tests/support/FaultServer.h"
 
 #include <fcntl.h>
@@ -108,8 +108,11 @@ void ServeLists(test::FaultServer& server)
         }
         section.pictures.reset(); // Those of unknown age are always offered.
     }
-    server.Serve("/pub/demo/version.ini", sample::VersionListText(server.Url("")));
-    server.Serve("/pub/demo/manufver.ini", sample::ManufacturerListText(sections, server.Url("")));
+    const sample::SampleVendorSite site(server.Url(""), sections);
+    for (const char* list : {"/pub/demo/version.ini", "/pub/demo/manufver.ini"})
+    {
+        server.Serve(list, site.Find(list)->bytes);
+    }
 }
 
 std::string Root(bool underWine)

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Says which tracked C++ sources .clang-format would change; "--fix" changes them.
+# Says which tracked C++ sources .clang-format would change, and what is doubtful in a script; "--fix" changes the
+# sources.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -26,3 +27,5 @@ if ! xargs -0 -r -n 20 -P "$(nproc)" clang-format "${mode[@]}" < "$list"; then
     echo "check-format: run cmake/check-format.sh --fix" >&2
     exit 1
 fi
+# As a list of files, since scripts bear no ending.
+git grep -lz --cached -E '^#!.*bash' | xargs -0 -r shellcheck -x

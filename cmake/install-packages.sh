@@ -10,7 +10,7 @@ set -euo pipefail
 declare -A packages=(
     [build]="g++ cmake ninja-build ccache git pkg-config googletest
              libwxgtk3.2-dev libwxgtk-webview3.2-dev libcurl4-openssl-dev
-             libcli11-dev nlohmann-json3-dev libcpp-httplib-dev"
+             libcli11-dev libutfcpp-dev nlohmann-json3-dev libcpp-httplib-dev"
     # The run-time libraries that g++ brings along; named, so that a slimmed machine is put right.
     [sanitize]="libasan8 libubsan1"
     # A display of one's own: windows under test, and pictures of them.
@@ -18,15 +18,17 @@ declare -A packages=(
     # The cross compiler, what builds wxWidgets from its source package, and Wine with its fonts.
     [windows]="g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev dpkg-dev make xz-utils
                wine wine64 fonts-wine fonts-liberation"
-    [format]="clang-format git"
+    [format]="clang-format git shellcheck"
+    [fuzz]="clang-19 libclang-rt-19-dev"
     # Not installed by ./check and ./demo.
-    [bench]="libbenchmark-dev mdbtools-dev"
+    [bench]="mdbtools-dev"
+    [faults]="python3"
 )
 
 usage()
 {
     echo "usage: cmake/install-packages.sh [--list] PURPOSE..." >&2
-    echo "purposes: build sanitize display windows format bench" >&2
+    echo "purposes: build sanitize display windows format fuzz bench faults" >&2
     exit 2
 }
 

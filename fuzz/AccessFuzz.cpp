@@ -2,9 +2,9 @@
 // too large an input to get far with, so an input is a list of damages to one of the sound test
 // files: its number, then where (3 bytes) and what (3 bytes) to write. The first damage may also
 // say where the file is cut.
-#include "equipment/AccessFile.h"
-#include "equipment/ByteView.h"
+#include "access/AccessFile.h"
 #include "platform/MFile.h"
+#include "text/ByteView.h"
 
 #include <array>
 #include <cstdlib>

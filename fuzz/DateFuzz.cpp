@@ -1,6 +1,6 @@
 // Texts that lists and databases give as dates: what reads as a date must read the same once
 // written.
-#include "equipment/UnitedStatesDate.h"
+#include "text/UnitedStatesDate.h"
 
 #include <cstdlib>
 

@@ -1,6 +1,6 @@
 // Damaged executables and version resources: nothing that lies in a file may crash or hang the reader.
-#include "catalogue/PeVersionResource.h"
-#include "catalogue/VersionInfoBlock.h"
+#include "version/PeVersionResource.h"
+#include "version/VersionInfoBlock.h"
 
 #include <cstdlib>
 #include <filesystem>

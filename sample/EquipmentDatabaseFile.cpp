@@ -1,7 +1,7 @@
 #include "sample/EquipmentDatabaseFile.h"
 
-#include "equipment/AccessFile.h"
-#include "equipment/UnitedStatesDate.h"
+#include "access/AccessFile.h"
+#include "text/UnitedStatesDate.h"
 
 #include <bit>
 #include <cstdint>

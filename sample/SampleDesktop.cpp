@@ -2,6 +2,7 @@
 
 #include "catalogue/CommonFolder.h"
 #include "catalogue/LocatorTable.h"
+#include "catalogue/ProgramTable.h"
 #include "platform/DesktopFolders.h"
 #include "platform/MFile.h"
 #include "platform/MachinePolicy.h"
@@ -10,6 +11,7 @@
 #include "sample/InstalledEquipment.h"
 #include "sample/SampleImage.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace velmo::sample
@@ -60,7 +62,6 @@ class Layout
     void WriteFile(const std::string& folder, std::string_view name, std::string_view bytes);
     void Install(const InstalledProgram& program);
     void RecordFolder(FolderRecord record, std::string_view valueName, const std::string& folder);
-    void WriteUpdateManager(const InstalledProgram& program);
     void WriteStartupCheck(const InstalledProgram& program);
 
     const SampleDesktopChoices& m_choices;
@@ -69,7 +70,7 @@ class Layout
 
 const ProgramEntry& RowOf(const InstalledProgram& program)
 {
-    return kPrograms[static_cast<std::size_t>(program.index)];
+    return *std::ranges::find(kPrograms, program.name, &ProgramEntry::displayName);
 }
 
 const LocatorEntry& EntryOf(const InstalledProgram& program)
@@ -79,9 +80,9 @@ const LocatorEntry& EntryOf(const InstalledProgram& program)
 
 std::string ImageOf(const InstalledProgram& program)
 {
-    const std::string_view name = RowOf(program).displayName;
-    return WriteSampleImage({"Sample of " + std::string(name), name, EntryOf(program).executable,
-                             program.version, program.statesFileVersion, program.is64Bit});
+    return WriteSampleImage({"Sample of " + std::string(program.name), program.name,
+                             EntryOf(program).executable, program.version,
+                             program.statesFileVersion, program.is64Bit});
 }
 
 Result<Done> Layout::LayOut()
@@ -118,10 +119,7 @@ void Layout::Keep(Result<Done> step)
 void Layout::WriteSetting(const std::string& file, std::string_view section, std::string_view key,
                           std::string_view value)
 {
-    if (!platform::WritePrivateProfileText(section, key, value, file))
-    {
-        Keep(Error{0, file + ": " + platform::LastProfileFailure()});
-    }
+    Keep(platform::WritePrivateProfileText(section, key, value, file));
 }
 
 void Layout::WriteFile(const std::string& folder, std::string_view name, std::string_view bytes)
@@ -133,15 +131,8 @@ void Layout::WriteFile(const std::string& folder, std::string_view name, std::st
 void Layout::Install(const InstalledProgram& program)
 {
     const std::string folder = m_choices.root + std::string(program.folder);
-    if (program.index == kOwnRow)
-    {
-        WriteUpdateManager(program);
-    }
-    else
-    {
-        WriteFile(folder, EntryOf(program).executable, ImageOf(program));
-    }
-    RecordFolder(program.record, EntryOf(program).folderValueName, folder);
+    WriteFile(folder, EntryOf(program).executable, ImageOf(program));
+    RecordFolder(program.record, EntryOf(program).folderName, folder);
     WriteStartupCheck(program);
 }
 
@@ -160,23 +151,6 @@ void Layout::RecordFolder(FolderRecord record, std::string_view valueName,
     }
 }
 
-void Layout::WriteUpdateManager(const InstalledProgram& program)
-{
-    std::string image = ImageOf(program);
-    if (!m_choices.updateManager.empty())
-    {
-        auto read = MFile::ReadAll(m_choices.updateManager);
-        if (!read)
-        {
-            Keep(Error{read.Failure().code,
-                       m_choices.updateManager + ": " + read.Failure().description});
-            return;
-        }
-        image = std::move(read).Value();
-    }
-    WriteFile(m_choices.root + std::string(program.folder), EntryOf(program).executable, image);
-}
-
 void Layout::WriteStartupCheck(const InstalledProgram& program)
 {
     const std::string file = SampleCommonFolder(m_choices) + "VelmoUpd.ini";
@@ -190,7 +164,7 @@ void Layout::WriteStartupCheck(const InstalledProgram& program)
         {
             if (!setting.key.empty())
             {
-                WriteSetting(file, RowOf(program).displayName, setting.key, setting.value);
+                WriteSetting(file, program.name, setting.key, setting.value);
             }
         }
     }

@@ -5,7 +5,6 @@
 #include "updates/ProgramVersion.h"
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -28,9 +27,9 @@ enum class FolderRecord
 /// One installed program and what the program list says of it.
 struct InstalledProgram
 {
-    std::int32_t index; ///< Its row in the catalogue.
+    std::string_view name; ///< As the catalogue displays it.
     std::string_view folder;
-    ProgramVersion version; ///< Installed; the latest ones are in SampleVersionList.h.
+    ProgramVersion version; ///< Installed; the latest ones are in site/pub/demo/version.ini.
     FolderRecord record;
     std::string_view startupCheck; ///< "Ask", "Yes", "No" or "-".
     std::string_view needsUpdate;  ///< "Yes", "No" or "?".
@@ -40,34 +39,33 @@ struct InstalledProgram
 
 // clang-format off
 inline constexpr std::array<InstalledProgram, 14> kInstalledPrograms{{
-    {0,  "Airflow",        {3, 10, 1207},  FolderRecord::Both,         "No",  "No"},
-    {2,  "Chillersize 5",  {5, 1, 8},      FolderRecord::UserSettings, "Yes", "No"},
+    {"Airflow 3",        "Airflow",        {3, 10, 1207},  FolderRecord::Both,         "No",  "No"},
+    {"Chillersize 5",    "Chillersize 5",  {5, 1, 8},      FolderRecord::UserSettings, "Yes", "No"},
     // A major number above the listed one, as a trial version has it.
-    {3,  "Ductsize",       {7, 0, 2},      FolderRecord::WinIni,       "-",   "Yes"},
-    {4,  "Loadcalc",       {8, 2, 15},     FolderRecord::WinIni,       "Ask", "Yes", true, true},
-    {5,  "Loopfield",      {3, 1, 9},      FolderRecord::UserSettings, "-",   "Yes"},
+    {"Ductsize 6",       "Ductsize",       {7, 0, 2},      FolderRecord::WinIni,       "-",   "Yes"},
+    {"Loadcalc 8",       "Loadcalc",       {8, 2, 15},     FolderRecord::WinIni,       "Ask", "Yes", true, true},
+    {"Loopfield 3",      "Loopfield",      {3, 1, 9},      FolderRecord::UserSettings, "-",   "Yes"},
     // A minor number above the listed one.
-    {6,  "Lumenplan",      {5, 3, 0},      FolderRecord::WinIni,       "No",  "No"},
+    {"Lumenplan 5",      "Lumenplan",      {5, 3, 0},      FolderRecord::WinIni,       "No",  "No"},
     // The version list does not know it.
-    {8,  "Manifold",       {4, 0, 18},     FolderRecord::WinIni,       "-",   "?"},
+    {"Manifold 4",       "Manifold",       {4, 0, 18},     FolderRecord::WinIni,       "-",   "?"},
     // Listed without a revision.
-    {11, "Noisecheck",     {2, 5, 3},      FolderRecord::WinIni,       "-",   "No"},
-    {13, "Outletplan",     {4, 1, 22},     FolderRecord::WinIni,       "-",   "No", false},
-    {14, "Panelplan",      {6, 3, 11},     FolderRecord::UserSettings, "Yes", "Yes"},
-    {21, "Psychrochart",   {7, 0, 45},     FolderRecord::WinIni,       "Ask", "No", true, true},
+    {"Noisecheck 2",     "Noisecheck",     {2, 5, 3},      FolderRecord::WinIni,       "-",   "No"},
+    {"Outletplan 4",     "Outletplan",     {4, 1, 22},     FolderRecord::WinIni,       "-",   "No", false},
+    {"Panelplan 6",      "Panelplan",      {6, 3, 11},     FolderRecord::UserSettings, "Yes", "Yes"},
+    {"Psychrochart 7",   "Psychrochart",   {7, 0, 45},     FolderRecord::WinIni,       "Ask", "No", true, true},
     // A major number below the listed one.
-    {25, "Rooftop",        {3, 9, 41},     FolderRecord::WinIni,       "Yes", "Yes"},
-    {26, "Wiring",         {2, 11, 36},    FolderRecord::UserSettings, "-",   "No"},
-    {31, "Common",         kProductVersion, FolderRecord::Derived,     "-",   "No", true, true},
+    {"Rooftop 4",        "Rooftop",        {3, 9, 41},     FolderRecord::WinIni,       "Yes", "Yes"},
+    {"Wiring 2",         "Wiring",         {2, 11, 36},    FolderRecord::UserSettings, "-",   "No"},
+    {"Update Manager 1", "Common",         kProductVersion, FolderRecord::Derived,     "-",   "No", true, true},
 }};
 // clang-format on
 
 struct SampleDesktopChoices
 {
     std::string root = "C:\\Velmo\\"; ///< The vendor's folder, ending in "\".
-    std::string server;        ///< For the policy "WebServer"; empty: the policy stays as it is.
-    bool equipment = true;     ///< With equipment databases and pictures.
-    std::string updateManager; ///< Program to copy as `VelmoUpd.exe`; empty: a sample image.
+    std::string server;    ///< For the policy "WebServer"; empty: the policy stays as it is.
+    bool equipment = true; ///< With equipment databases and pictures.
 };
 
 /// The common folder of a sample desktop, ending in "\": the settings file is in it, and it is where

@@ -1,6 +1,6 @@
 #include "sample/SampleEquipment.h"
 
-#include "settings/TextCase.h"
+#include "text/TextCase.h"
 
 #include <algorithm>
 #include <array>

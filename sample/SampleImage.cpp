@@ -1,9 +1,9 @@
 #include "sample/SampleImage.h"
 
 #include "sample/PeImageWriter.h"
-#include "sample/SampleVersionList.h"
 
 #include <cstdint>
+#include <cstdio>
 
 namespace velmo::sample
 {
@@ -16,6 +16,15 @@ std::u16string Wide(std::string_view ascii)
 }
 
 } // namespace
+
+std::string FullVersionText(const ProgramVersion& version)
+{
+    const bool hasRevision = version.revision >= 0;
+    char text[50];
+    std::snprintf(text, sizeof text, hasRevision ? "%d.%02d.%04d" : "%d.%02d", version.majorNumber,
+                  version.minorNumber, version.revision);
+    return text;
+}
 
 std::string WriteSampleImage(const SampleImage& image)
 {

@@ -8,6 +8,9 @@
 namespace velmo::sample
 {
 
+/// A version as the vendor writes it in full: "8.03.0004"; "2.05" when the revision is below 0. Pure.
+[[nodiscard]] std::string FullVersionText(const ProgramVersion& version);
+
 /// What the version resource of a sample program says. Texts are ASCII.
 struct SampleImage
 {

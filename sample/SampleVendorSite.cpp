@@ -1,88 +1,85 @@
 #include "sample/SampleVendorSite.h"
 
 #include "catalogue/ProgramTable.h"
+#include "sample/ProductVersion.h"
 #include "sample/SampleImage.h"
-#include "sample/SampleNews.h"
-#include "sample/SamplePage.h"
-#include "sample/SampleProgramTexts.h"
-#include "sample/SampleVersionList.h"
 
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
 #include <utility>
-#include <vector>
 
 namespace velmo::sample
 {
 namespace
 {
 
-constexpr std::string_view kListType = "text/plain; charset=windows-1252";
-constexpr std::string_view kTextType = "text/plain; charset=utf-8";
-constexpr std::string_view kPageType = "text/html; charset=utf-8";
-constexpr std::string_view kProgramType = "application/octet-stream";
+namespace fs = std::filesystem;
 
-std::string LatestVersion(std::int32_t index)
-{
-    const ListedVersion* listed = ListedVersionOf(index);
-    return listed != nullptr ? FullVersionText(listed->version) : std::string();
-}
+constexpr std::string_view kVersionList = "/pub/demo/version.ini";
+constexpr std::string_view kManufacturerList = "/pub/demo/manufver.ini";
 
-/// The part of an information page that is one program's own.
-std::string InformationOf(const ProgramEntry& row)
+constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kTypes{{
+    {".htm", "text/html; charset=utf-8"},
+    {".html", "text/html; charset=utf-8"},
+    {".txt", "text/plain; charset=utf-8"},
+    {".ini", "text/plain; charset=windows-1252"},
+}};
+
+std::string_view TypeOf(std::string_view path)
 {
-    const ProgramText& text = TextOfProgram(row.index);
-    const std::string latest = LatestVersion(row.index);
-    std::string html = Heading(row.displayName) + Paragraph(text.summary) +
-                       "<h2>What it does</h2>\n" + Bullets(text.features);
-    html += latest.empty() ? Paragraph("The latest version is not published here.")
-                           : Paragraph("Latest version: " + latest);
-    html += "<p>" + Link(row.demoSetup, "Download the demo");
-    if (!row.updatePage.empty())
+    for (const auto& [ending, type] : kTypes)
     {
-        html += " &middot; " + Link(std::string(row.updatePage) + "#updatetext", "Latest update");
-    }
-    return html + "</p>\n";
-}
-
-std::string UpdatePageOf(const ProgramEntry& row)
-{
-    const std::string name(row.displayName);
-    const ProgramText& text = TextOfProgram(row.index);
-    const std::string latest = LatestVersion(row.index);
-    return Page(
-        "Update of " + name,
-        Heading("Update of " + name) + Paragraph(text.summary) + Anchor("updatetext") + "<h2>" +
-            Escaped(latest.empty() ? "What is new" : "New in " + latest) + "</h2>\n" +
-            Bullets(text.changes) + "<h2>How to install</h2>\n" +
-            Paragraph("Close " + name +
-                      ", download the setup and start it. Your projects and settings stay as "
-                      "they are.") +
-            "<p>" + Link(row.informationPage, "About " + name) + "</p>\n");
-}
-
-std::string IndexPage()
-{
-    std::string body = Heading("Programs for building engineers") + "<p>" +
-                       Link(std::string(kNewsPage) + "#latestnews", "Latest news") + "</p>\n<ul>\n";
-    for (const ProgramEntry& row : kPrograms)
-    {
-        if (!row.informationPage.empty())
+        if (path.ends_with(ending))
         {
-            body += "<li>" + Link(row.informationPage, row.displayName) + ": " +
-                    Escaped(TextOfProgram(row.index).summary) + "</li>\n";
+            return type;
         }
     }
-    return Page("Programs", body + "</ul>\n");
+    return "application/octet-stream";
 }
 
-std::string DemoSetup(const ProgramEntry& row, std::string_view path)
+/// A file of the source tree, given from the folder sample/ on.
+std::string ReadSource(const fs::path& name)
 {
-    const ListedVersion* listed = ListedVersionOf(row.index);
-    ProgramVersion version = listed != nullptr ? listed->version : ProgramVersion{1, 0, 0};
-    version.revision = version.revision == kNoRevision ? 0 : version.revision;
-    const std::string description =
-        "Sample setup of " + std::string(row.displayName) + "; installs nothing";
-    return WriteSampleImage(
-        {description, row.displayName, path.substr(path.rfind('/') + 1), version});
+    std::ifstream file(fs::path(VELMO_SAMPLE_FOLDER) / name, std::ios::binary);
+    std::ostringstream text;
+    if (!(text << file.rdbuf()))
+    {
+        throw std::runtime_error("The sample vendor's site cannot be read: " + name.string());
+    }
+    return text.str();
+}
+
+std::string Replaced(std::string text, std::string_view what, std::string_view with)
+{
+    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size())
+    {
+        text.replace(at, what.size(), with);
+    }
+    return text;
+}
+
+/// What stands between the first @a begin and the @a end behind it.
+std::string Between(const std::string& text, std::string_view begin, std::string_view end)
+{
+    const std::size_t at = text.find(begin);
+    return at == std::string::npos
+               ? std::string()
+               : text.substr(at + begin.size(), text.find(end, at) - at - begin.size());
+}
+
+/// The version that a list names for a program; 0.0 when it does not know it.
+ProgramVersion ListedVersion(const std::string& list, std::string_view program)
+{
+    ProgramVersion version;
+    const std::string section = Between(list, "[" + std::string(program) + "]\n", "[");
+    std::sscanf(section.c_str(), "Major=%d\nMinor=%d\nRevision=%d", &version.majorNumber,
+                &version.minorNumber, &version.revision);
+    return version;
 }
 
 } // namespace
@@ -90,11 +87,22 @@ std::string DemoSetup(const ProgramEntry& row, std::string_view path)
 SampleVendorSite::SampleVendorSite(std::string server, std::span<const EquipmentSection> equipment)
     : m_server(std::move(server))
 {
-    AddPage("/", IndexPage());
-    AddLists(equipment);
-    AddProgramPages();
-    AddDemoSetups();
-    AddNews();
+    m_versions = Filled(ReadSource("site" + std::string(kVersionList)));
+    const fs::path root = fs::path(VELMO_SAMPLE_FOLDER) / "site";
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root))
+    {
+        if (entry.is_regular_file())
+        {
+            const fs::path name = fs::relative(entry.path(), root);
+            AddText("/" + name.generic_string(), ReadSource("site" / name));
+        }
+    }
+    AddText(std::string(kManufacturerList), ManufacturerListText(equipment, m_server));
+    m_files["/"] = m_files.at("/index.htm");
+    for (const ProgramEntry& program : kPrograms)
+    {
+        AddProgram(program);
+    }
 }
 
 const SiteFile* SampleVendorSite::Find(std::string_view path) const
@@ -103,64 +111,65 @@ const SiteFile* SampleVendorSite::Find(std::string_view path) const
     return found == m_files.end() ? nullptr : &found->second;
 }
 
-void SampleVendorSite::AddPage(std::string_view path, std::string html)
+std::string SampleVendorSite::Filled(std::string text) const
 {
-    m_files[std::string(path)] = {std::string(kPageType), std::move(html)};
-}
-
-void SampleVendorSite::AddLists(std::span<const EquipmentSection> equipment)
-{
-    m_files["/pub/demo/version.ini"] = {std::string(kListType), VersionListText(m_server)};
-    m_files["/pub/demo/manufver.ini"] = {std::string(kListType),
-                                         ManufacturerListText(equipment, m_server)};
-}
-
-void SampleVendorSite::AddProgramPages()
-{
-    std::map<std::string_view, std::string> information; // Programs of one family share a page.
-    for (const ProgramEntry& row : kPrograms)
+    constexpr std::string_view kLatest = "{{latest ";
+    text = Replaced(std::move(text), "{{server}}", m_server);
+    text = Replaced(std::move(text), "{{major}}", std::to_string(kProductVersion.majorNumber));
+    text = Replaced(std::move(text), "{{minor}}", std::to_string(kProductVersion.minorNumber));
+    text = Replaced(std::move(text), "{{revision}}", std::to_string(kProductVersion.revision));
+    for (std::string name; !(name = Between(text, kLatest, "}}")).empty();)
     {
-        if (!row.informationPage.empty())
-        {
-            information[row.informationPage] += InformationOf(row);
-        }
-        if (!row.updatePage.empty())
-        {
-            AddPage(row.updatePage, UpdatePageOf(row));
-        }
+        text = Replaced(std::move(text), std::string(kLatest) + name + "}}",
+                        FullVersionText(ListedVersion(m_versions, name)));
     }
-    for (const auto& [path, body] : information)
-    {
-        AddPage(path, Page("Program information", body));
-    }
-    m_files["/web/errors/noupdatepage.txt"] = {
-        std::string(kTextType),
-        "There is no update page for this program.\r\n\r\nIts information page tells the latest "
-        "version; the update itself comes with the demo setup.\r\n"};
+    return text;
 }
 
-void SampleVendorSite::AddDemoSetups()
+void SampleVendorSite::AddText(const std::string& path, std::string text)
 {
-    for (const ProgramEntry& row : kPrograms)
+    const std::string_view type = TypeOf(path);
+    text = Filled(std::move(text));
+    if (type.starts_with("text/html"))
     {
-        const ListedVersion* listed = ListedVersionOf(row.index);
-        const std::string_view published = listed != nullptr ? listed->setup : std::string_view();
-        for (const std::string_view path : {row.demoSetup, published})
+        const std::string title = Between(text, "<h1>", "</h1>");
+        text = Replaced(Replaced(ReadSource("frame.htm"), "{{title}}", title), "{{page}}", text);
+    }
+    else
+    {
+        text = Replaced(Replaced(std::move(text), "\r\n", "\n"), "\n", "\r\n");
+    }
+    m_files[path] = {std::string(type), std::move(text)};
+}
+
+void SampleVendorSite::AddProgram(const ProgramEntry& program)
+{
+    const std::string name(program.displayName);
+    for (const std::string_view page : {program.informationPage, program.updatePage})
+    {
+        if (!page.empty() && Find(page) == nullptr)
         {
-            if (!path.empty())
-            {
-                m_files[std::string(path)] = {std::string(kProgramType), DemoSetup(row, path)};
-            }
+            AddText(std::string(page),
+                    "<h1>" + name + "</h1>\n<p>This page is not written yet.</p>\n");
         }
     }
-}
-
-void SampleVendorSite::AddNews()
-{
-    AddPage(kNewsPage, NewsIndexPage());
-    for (const NewsItem& item : kNews)
+    ProgramVersion version = ListedVersion(m_versions, name);
+    if (version.majorNumber == 0)
     {
-        AddPage(NewsPath(item), NewsItemPage(item));
+        version = {1, 0, 0};
+    }
+    version.revision = std::max(version.revision, 0);
+    const std::string listed =
+        Between(Between(m_versions, "[" + name + "]\n", "["), "Demo URL=" + m_server, "\n");
+    for (const std::string_view path : {program.demoSetup, std::string_view(listed)})
+    {
+        if (!path.empty())
+        {
+            m_files[std::string(path)] = {
+                std::string(TypeOf(path)),
+                WriteSampleImage({"Sample setup of " + name + "; installs nothing", name,
+                                  path.substr(path.rfind('/') + 1), version})};
+        }
     }
 }
 

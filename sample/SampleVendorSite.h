@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/ProgramCatalogue.h"
 #include "sample/SampleEquipment.h"
 
 #include <functional>
@@ -18,8 +19,15 @@ struct SiteFile
 };
 
 /**
-    All that the sample vendor's web server offers: the two lists, the pages of the programs and the
-    news, the demo setups. Made up, and always the same for the same server. Reading: any thread.
+    All that the sample vendor's web server offers: the pages and the version list that lie under
+    sample/site in this source tree, the manufacturer list, and a demo setup for each program.
+
+    A page there is the inside of an HTML body; sample/frame.htm goes around it. Placeholders that are
+    filled in: {{server}}, {{latest Loadcalc 8}} for the version that the list names, and {{major}},
+    {{minor}}, {{revision}} of this build's own. A page that only the catalogue knows says so.
+
+    The same for the same server. Making one throws std::runtime_error when the source tree has gone.
+    Reading: any thread.
  */
 class SampleVendorSite
 {
@@ -39,13 +47,12 @@ class SampleVendorSite
     }
 
   private:
-    void AddPage(std::string_view path, std::string html);
-    void AddLists(std::span<const EquipmentSection> equipment);
-    void AddProgramPages();
-    void AddDemoSetups();
-    void AddNews();
+    [[nodiscard]] std::string Filled(std::string text) const;
+    void AddText(const std::string& path, std::string text);
+    void AddProgram(const ProgramEntry& program);
 
     std::string m_server;
+    std::string m_versions; ///< The version list, with its placeholders filled in.
     std::map<std::string, SiteFile, std::less<>> m_files;
 };
 

@@ -63,12 +63,6 @@ std::string InstallAll()
 
 int main(int argc, char** argv)
 {
-    // First of all, since the update manager takes it back when its last download is done.
-    DiagnosticLog log("");
-    CINIFileHandler settings(log);
-    settings.AppProfileFileName(SettingsFilePath());
-    const bool skipsWizard =
-        settings.MyGetAppProfileBoolean("SetupSettings", "NoHVACWizard", false);
     if (std::none_of(argv + 1, argv + argc,
                      [](const char* word) { return word == std::string("/s"); }))
     {
@@ -76,6 +70,12 @@ int main(int argc, char** argv)
         return 2;
     }
     const std::string report = InstallAll();
+    // A setup may ask at any time while it runs.
+    DiagnosticLog log("");
+    CINIFileHandler settings(log);
+    settings.AppProfileFileName(SettingsFilePath());
+    const bool skipsWizard =
+        settings.MyGetAppProfileBoolean("SetupSettings", "NoHVACWizard", false);
     const std::string line = report + (skipsWizard ? ", wizard skipped" : ", wizard not skipped");
     return MFile::Append(CommonFolder() + "setups.log", line + "\r\n") ? 0 : 1;
 }

@@ -1,4 +1,3 @@
-#include "platform/MFile.h"
 #include "sample/SampleDesktop.h"
 
 #include <CLI/CLI.hpp>
@@ -10,17 +9,11 @@
 int main(int argc, char** argv)
 {
     velmo::sample::SampleDesktopChoices choices;
-    std::string program;
     CLI::App options("Lays out a sample desktop with some of the vendor's programs.");
     options.add_option("--server", choices.server,
                        "Web server that the update manager shall use: http://host:port");
-    options.add_option("--program", program, "Update manager to install as VelmoUpd.exe");
     CLI11_PARSE(options, argc, argv);
 
-    if (!program.empty())
-    {
-        choices.updateManager = velmo::platform::MFile::FromCommandLine(program);
-    }
     if (const auto done = velmo::sample::LayOutSampleDesktop(choices); !done)
     {
         std::cerr << "The sample desktop is not complete: " << done.Failure().description << "\n";

@@ -58,14 +58,12 @@ ConnectPanel::ConnectPanel(wxWindow* parent, UpdateManager& manager)
     m_autoConnect->Bind(wxEVT_CHECKBOX, [this](const wxCommandEvent& event) {
         m_manager.SetAutoConnect(event.IsChecked());
     });
-    m_manager.StatusBox().Observe([this] { ShowStatusLines(); });
+    m_statusLines = m_manager.StatusBox().Changed().Add([this] { ShowStatusLines(); });
+    m_busy = m_manager.Lists().BusyChanged().Add([this] { ShowBusy(); });
+    m_counts = m_manager.Shown().CountsChanged().Add([this] { ShowCounts(); });
+    ShowStatusLines();
     ShowBusy();
     ShowCounts();
-}
-
-ConnectPanel::~ConnectPanel()
-{
-    m_manager.StatusBox().Observe({});
 }
 
 void ConnectPanel::ShowAutoConnect()
@@ -75,13 +73,13 @@ void ConnectPanel::ShowAutoConnect()
 
 void ConnectPanel::ShowBusy()
 {
-    m_reconnect->SetLabel(ToWx(ListsDownload::ButtonCaption(m_manager.Lists().Busy())));
+    m_reconnect->SetLabel(ToWx(ListsFetch::ButtonCaption(m_manager.Lists().Busy())));
     m_reconnect->Enable();
 }
 
 void ConnectPanel::ShowCounts()
 {
-    const UpdateCounts counts = m_manager.Counts();
+    const UpdateCounts counts = m_manager.Shown().Counts();
     const wxFont font = GetFont();
     m_stats->SetFont(counts.Any() ? font.Bold() : font);
     m_stats->SetLabel(ToWx(counts.Text()));

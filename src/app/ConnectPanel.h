@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/Observers.h"
+
 #include <wx/panel.h>
 
 class wxButton;
@@ -18,18 +20,16 @@ class ConnectPanel final : public wxPanel
   public:
     /// @a manager must outlive the panel.
     ConnectPanel(wxWindow* parent, UpdateManager& manager);
-    ~ConnectPanel() override;
 
     /// Sets the check box from the settings file.
     void ShowAutoConnect();
 
+  private:
     /// The connect button's caption.
     void ShowBusy();
 
     /// The update counts, bold when there are any.
     void ShowCounts();
-
-  private:
     void ShowStatusLines();
 
     UpdateManager& m_manager;
@@ -37,6 +37,9 @@ class ConnectPanel final : public wxPanel
     wxButton* m_reconnect = nullptr;
     wxCheckBox* m_autoConnect = nullptr;
     wxStaticText* m_stats = nullptr;
+    Observers::Subscription m_statusLines;
+    Observers::Subscription m_busy;
+    Observers::Subscription m_counts;
 };
 
 } // namespace velmo

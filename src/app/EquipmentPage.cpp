@@ -1,9 +1,9 @@
 #include "app/EquipmentPage.h"
 
+#include "app/frmInstallMDB.h"
 #include "catalogue/CommonFolder.h"
 #include "equipment/EquipmentList.h"
-#include "equipment/InstallFlow.h"
-#include "equipment/frmInstallMDB.h"
+#include "install/InstallFlow.h"
 #include "manager/UpdateManager.h"
 #include "ui/Grid.h"
 #include "ui/WxText.h"
@@ -28,6 +28,7 @@ EquipmentPage::EquipmentPage(wxWindow* parent, UpdateManager& manager, UserPromp
     : wxPanel(parent, wxID_ANY), m_manager(manager), m_prompts(prompts), m_loop(loop),
       m_setups(loop, [&manager] { manager.InspectEquipmentAgain(); })
 {
+    SetName("picHoldEquipment");
     auto* instructions = new wxStaticText(this, wxID_ANY, kInstructions);
     instructions->SetName("lblInstructions");
     EquipmentGrid& equipment = manager.Equipment().Grid();
@@ -69,9 +70,8 @@ void EquipmentPage::ShowSummary()
     m_summary->SetLabel(ToWx(m_manager.Equipment().Grid().Summary()));
 }
 
-void EquipmentPage::ShowMarkMenu()
+void EquipmentPage::FillMarkMenu(wxMenu& menu)
 {
-    wxMenu menu;
     for (const MarkCommand& command : kMarkCommands)
     {
         if (command.beginsGroup)
@@ -83,6 +83,12 @@ void EquipmentPage::ShowMarkMenu()
             wxEVT_MENU,
             [this, &command](wxCommandEvent&) { m_manager.Equipment().Grid().Run(command); }, id);
     }
+}
+
+void EquipmentPage::ShowMarkMenu()
+{
+    wxMenu menu;
+    FillMarkMenu(menu);
     m_markClear->PopupMenu(&menu, 0, m_markClear->GetSize().GetHeight());
 }
 
@@ -103,7 +109,7 @@ void EquipmentPage::Install()
     }
     flow.Close();
     m_manager.InspectEquipmentAgain();
-    m_setups.Watch(flow.Setups());
+    m_setups.Watch(flow.RunningSetups());
 }
 
 } // namespace velmo

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "equipment/SetupWatch.h"
+#include "install/SetupWatch.h"
 
 #include <wx/panel.h>
 
 class wxButton;
+class wxMenu;
 class wxStaticText;
 
 namespace velmo
@@ -26,6 +27,9 @@ class EquipmentPage final : public wxPanel
     EquipmentPage(wxWindow* parent, UpdateManager& manager, UserPrompts& prompts,
                   platform::MessageLoop& loop);
     ~EquipmentPage() override;
+
+    /// Fills the menu `mnuMarkClearMain` of the mark button; its entries tick and clear the boxes.
+    void FillMarkMenu(wxMenu& menu);
 
   private:
     void ShowSummary();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/Observers.h"
+
 #include <wx/panel.h>
 
 #include <functional>
@@ -26,17 +28,18 @@ class NewsPage final : public wxPanel
     };
 
     /// @a manager must outlive the page.
-    NewsPage(wxWindow* parent, UpdateManager& manager, Host host);
-
-    void ShowHeadlines();
+    NewsPage(wxWindow* parent, UpdateManager& manager, const Host& host);
 
     /// Opens the vendor's news page.
     void OpenNewsPage();
 
   private:
+    void ShowHeadlines();
+
     UpdateManager& m_manager;
     LinkGrid* m_headlines = nullptr;
     BrowserPane* m_browser = nullptr;
+    Observers::Subscription m_changes;
 };
 
 } // namespace velmo

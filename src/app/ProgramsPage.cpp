@@ -74,6 +74,7 @@ ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, UpdateWindo
     sizer->Add(buttons, wxSizerFlags().Expand().Border());
     SetSizer(sizer);
     BindActions();
+    m_busy = manager.Lists().BusyChanged().Add([this] { ShowSelectedProgram(); });
     ShowSelectedProgram();
 }
 
@@ -82,22 +83,21 @@ void ProgramsPage::BindActions()
     // Without a selected program nothing is done: the menu's download can be chosen then, too.
     const auto bind = [this](wxButton* button, auto action) {
         button->Bind(wxEVT_BUTTON, [this, action](wxCommandEvent&) {
-            if (const ListRow* row = m_manager.Programs().List().SelectedRow())
+            if (const ProgramRow* row = m_manager.Programs().Selected())
             {
-                action(std::string(row->key));
+                action(ProgramRow(*row));
             }
         });
     };
-    bind(m_updateOptions, [this](const std::string& program) {
-        m_windows.SetOptions(program);
+    bind(m_updateOptions, [this](const ProgramRow& program) {
+        m_windows.SetOptions(program.Name());
         ShowSelectedProgram();
     });
-    bind(m_download, [this](const std::string& program) { m_manager.Download(program); });
-    bind(m_updatePage, [this](const std::string& program) {
-        m_manager.Actions().OpenUpdatePage(IndexOfName(program));
-    });
-    bind(m_informationPage, [this](const std::string& program) {
-        m_manager.Actions().OpenInformationPage(IndexOfName(program));
+    bind(m_download, [this](const ProgramRow& program) { m_manager.Actions().Download(program); });
+    bind(m_updatePage,
+         [this](const ProgramRow& program) { m_manager.Actions().OpenUpdatePage(program.index); });
+    bind(m_informationPage, [this](const ProgramRow& program) {
+        m_manager.Actions().OpenInformationPage(program.index);
     });
     m_list->Bind(wxEVT_CONTEXT_MENU,
                  [this](const wxContextMenuEvent& event) { ShowMenu(event.GetPosition()); });
@@ -159,7 +159,7 @@ wxButton* ProgramsPage::AddButton(wxSizer& sizer, const wxString& name)
     return button;
 }
 
-void ProgramsPage::RestoreSplitter()
+void ProgramsPage::RestoreState()
 {
     const CINIFileHandler& settings = m_manager.Settings();
     std::optional<double> top;
@@ -168,10 +168,18 @@ void ProgramsPage::RestoreSplitter()
         top = settings.MyGetAppProfileSingle(kMainWindowSection, kSliderTopKey, 0);
     }
     m_splitter->Init(m_list, m_browser, top);
+    ListViewModel& list = m_manager.Programs().List();
+    const CListViewHandler handler(m_manager.Settings());
+    handler.LoadWidths(list, kProgramListSection);
+    handler.LoadSort(list, kProgramListSection);
 }
 
-void ProgramsPage::SaveSplitter() const
+void ProgramsPage::SaveState() const
 {
+    const ListViewModel& list = m_manager.Programs().List();
+    const CListViewHandler handler(m_manager.Settings());
+    handler.SaveWidths(list, kProgramListSection);
+    handler.SaveSort(list, kProgramListSection, list.SortedColumn());
     if (const auto top = m_splitter->BarTop())
     {
         m_manager.Settings().MyWriteAppProfileString(kMainWindowSection, kSliderTopKey,
@@ -204,13 +212,13 @@ void ProgramsPage::NavigateSoon()
 
 void ProgramsPage::NavigateNow()
 {
-    const ListRow* selected = m_manager.Programs().List().SelectedRow();
+    const ProgramRow* selected = m_manager.Programs().Selected();
     if (selected == nullptr || !IsShownOnScreen())
     {
         return;
     }
     const std::string address =
-        UpdatePageOfIndex(m_manager.Lists().Server(), IndexOfName(selected->key)) + "#updatetext";
+        UpdatePageOfIndex(m_manager.Lists().Server(), selected->index) + "#updatetext";
     if (address != m_browser->Address())
     {
         m_browser->Navigate(address);
@@ -219,11 +227,6 @@ void ProgramsPage::NavigateNow()
     {
         m_browser->Retry();
     }
-}
-
-void ProgramsPage::RedrawList()
-{
-    m_list->Refresh();
 }
 
 void ProgramsPage::FocusList()

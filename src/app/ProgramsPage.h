@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/Observers.h"
+
 #include <wx/panel.h>
 
 class wxButton;
@@ -27,9 +29,10 @@ class ProgramsPage final : public wxPanel
     ProgramsPage(wxWindow* parent, UpdateManager& manager, UpdateWindows& windows,
                  platform::MessageLoop& loop);
 
-    /// Puts the splitter where it stood; its default when nothing is remembered.
-    void RestoreSplitter();
-    void SaveSplitter() const;
+    /// Puts the splitter and the list's columns and order as they were remembered, else at their
+    /// defaults.
+    void RestoreState();
+    void SaveState() const;
 
     /// Captions and states of the buttons for the selected program, and its page in the browser pane.
     void ShowSelectedProgram();
@@ -37,7 +40,6 @@ class ProgramsPage final : public wxPanel
     /// Fills the pop-up menu `mnuInvisible` of the list: what the buttons do, with their captions.
     void FillMenu(wxMenu& menu);
 
-    void RedrawList();
     void FocusList();
 
   private:
@@ -58,6 +60,7 @@ class ProgramsPage final : public wxPanel
     wxButton* m_updatePage = nullptr;
     wxButton* m_informationPage = nullptr;
     int m_navigations = 0; ///< Asked for so far; only the latest is carried out.
+    Observers::Subscription m_busy;
 };
 
 } // namespace velmo

@@ -4,14 +4,14 @@
 #include "catalogue/CommonFolder.h"
 #include "controls/MousePointer.h"
 #include "controls/UserPrompts.h"
+#include "manager/FetchedFiles.h"
 #include "manager/UpdateManager.h"
 #include "platform/CommandLine.h"
 #include "platform/DesktopFolders.h"
 #include "platform/HeadlessLoop.h"
 #include "platform/ProgramLibrary.h"
 #include "settings/DiagnosticLog.h"
-#include "updates/ListFiles.h"
-#include "updates/StartupRequest.h"
+#include "updates/StartupCheck.h"
 
 #include <string>
 
@@ -60,7 +60,7 @@ int ShowWindows(UiRequest request, bool silent, DiagnosticLog& log)
     const auto library = platform::LoadFromProgramFolder(kUiLibrary, kUiFunction);
     if (library)
     {
-        request.build = build::kVersion;
+        request.build = kOwnInformation.versionText;
         request.module = library.Value().module;
         exitCode = reinterpret_cast<UiFunction>(library.Value().address)(&request);
     }
@@ -82,7 +82,7 @@ int ShowWindows(UiRequest request, bool silent, DiagnosticLog& log)
     log.Write(text);
     if (!silent)
     {
-        platform::TellFailure(build::kTitle, text);
+        platform::TellFailure(kOwnInformation.title, text);
     }
     return kNoWindows;
 }
@@ -90,26 +90,20 @@ int ShowWindows(UiRequest request, bool silent, DiagnosticLog& log)
 int RunInStartupMode(const std::string& commandLine)
 {
     const SilentResult result = CheckSilently(StartupRequest(commandLine));
-    const StartupFindings& findings = result.findings;
-    if (findings.Outcome() == StartupOutcome::Nothing)
+    if (result.findings.Outcome() == StartupOutcome::Nothing)
     {
         return 0;
     }
     UiRequest request{};
     request.commandLine = commandLine.c_str();
-    request.subject = UiSubject::StartupFindings;
-    request.programNeedsUpdate = findings.programNeedsUpdate ? 1 : 0;
-    request.installedVersion = findings.installedVersion.c_str();
-    request.latestVersion = findings.latestVersion.c_str();
-    request.databases = findings.equipment.databases;
-    request.pictures = findings.equipment.pictures;
+    request.Carry(result.findings);
     request.statusLines = result.statusLines.c_str();
     DiagnosticLog log(LogFilePath());
     const int exitCode = ShowWindows(request, true, log);
     if (exitCode != 0)
     {
         // Nobody else is there to delete them.
-        ListFiles(platform::ProgramFolder()).Delete(log);
+        FetchedFiles(platform::ProgramFolder()).Delete(log);
     }
     return exitCode;
 }

@@ -6,6 +6,7 @@
 #include "app/frmMain.h"
 #include "catalogue/CommonFolder.h"
 #include "controls/MousePointer.h"
+#include "ui/ToolkitResources.h"
 #include "ui/WxLog.h"
 #include "ui/WxMessageLoop.h"
 #include "ui/WxMousePointer.h"
@@ -16,10 +17,6 @@
 #include <wx/apptrait.h>
 #include <wx/weakref.h>
 
-#ifdef __WXMSW__
-#include <wx/msw/private.h>
-#endif
-
 #include <memory>
 #include <optional>
 #include <string>
@@ -28,14 +25,6 @@ namespace velmo
 {
 namespace
 {
-
-StartupFindings FindingsOf(const UiRequest& request)
-{
-    return {request.programNeedsUpdate != 0,
-            request.installedVersion,
-            request.latestVersion,
-            {request.databases, request.pictures}};
-}
 
 /// The toolkit's, but for where it logs.
 class Traits final : public wxGUIAppTraits
@@ -83,13 +72,13 @@ class Application final : public wxApp
             LoadMainWindow()->Open(m_request.commandLine);
             return wxApp::OnRun();
         }
-        const StartupFindings findings = FindingsOf(m_request);
-        if (!WantsToSeeUpdates(findings))
+        ShowStatusLines();
+        const auto tab = m_manager->TellCaller(m_request.Findings(), m_startup, *m_windows);
+        if (!tab)
         {
-            m_manager->DeleteLists();
             return 0;
         }
-        LoadMainWindow()->OpenOnUpdates(m_startup.caller, !findings.programNeedsUpdate);
+        LoadMainWindow()->OpenOnUpdates(m_startup.caller, *tab == MainTab::Equipment);
         return wxApp::OnRun();
     }
 
@@ -121,25 +110,6 @@ class Application final : public wxApp
         return window;
     }
 
-    /// Asks or tells what the findings lead to, and does what the person answers but for showing the
-    /// main window.
-    bool WantsToSeeUpdates(const StartupFindings& findings)
-    {
-        if (findings.Outcome() == StartupOutcome::Question)
-        {
-            ShowStatusLines();
-            const std::string question = StartupQuestion(findings, m_startup.caller);
-            return m_windows->AskToViewUpdates(m_startup, question) == QuestionAnswer::Yes;
-        }
-        const UpdateNotice notice{m_startup.callerIndex, m_startup.caller,
-                                  findings.installedVersion, findings.latestVersion};
-        if (m_windows->ShowUpdateDialog(notice) == DialogAnswer::Download)
-        {
-            m_manager->Download(notice.program);
-        }
-        return false;
-    }
-
     /// What the silent fetch wrote, for the main window's status box.
     void ShowStatusLines()
     {
@@ -167,14 +137,11 @@ class Application final : public wxApp
 
 extern "C" VELMOUPDUI_EXPORT int VelmoShowUi(const velmo::UiRequest* request)
 {
-    if (std::string_view(request->build) != velmo::build::kVersion)
+    if (std::string_view(request->build) != velmo::kOwnInformation.versionText)
     {
         return velmo::kOtherBuild;
     }
-#ifdef __WXMSW__
-    // The toolkit's resources are the library's, not the program's.
-    wxSetInstance(static_cast<HINSTANCE>(request->module));
-#endif
+    velmo::TakeToolkitResourcesFrom(request->module);
     // The toolkit gets the program's name only: the rest of the command line is not for it.
     std::string name = "VelmoUpd";
     int argc = 1;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "updates/StartupCheck.h"
+
 #include <cstdint>
 
 /**
@@ -23,12 +25,41 @@ struct UiRequest
     const char* commandLine; ///< UTF-8, as all texts.
     UiSubject subject;
     // For StartupFindings:
-    std::int32_t programNeedsUpdate; ///< 0 or 1.
-    const char* installedVersion;
-    const char* latestVersion;
+    std::int32_t updateIndex; ///< Of the program that needs an update; -1 for none.
+    ProgramVersion installed; ///< These three of that program.
+    ProgramVersion latest;
+    const char* demoAddress;
     std::int32_t databases;
     std::int32_t pictures;
     const char* statusLines; ///< What the fetch wrote to the status box.
+
+    /// Takes the findings over; their texts must outlive the request.
+    void Carry(const StartupFindings& findings)
+    {
+        subject = UiSubject::StartupFindings;
+        updateIndex = findings.update ? findings.update->index : -1;
+        if (findings.update)
+        {
+            installed = findings.update->installed;
+            latest = findings.update->latest;
+            demoAddress = findings.update->demoAddress.c_str();
+        }
+        databases = findings.equipment.databases;
+        pictures = findings.equipment.pictures;
+    }
+
+    [[nodiscard]] StartupFindings Findings() const
+    {
+        StartupFindings findings{.equipment = {databases, pictures}};
+        if (updateIndex >= 0)
+        {
+            findings.update = ProgramRow{.index = updateIndex,
+                                         .installed = installed,
+                                         .latest = latest,
+                                         .demoAddress = demoAddress};
+        }
+        return findings;
+    }
 };
 
 inline constexpr char kUiLibrary[] = "VelmoUpdUi";

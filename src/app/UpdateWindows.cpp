@@ -1,11 +1,14 @@
 #include "app/UpdateWindows.h"
 
+#include "app/frmUpdateDialog.h"
+#include "app/frmUpdateMessage.h"
+#include "app/frmUpdateOptions.h"
+#include "controls/MousePointer.h"
 #include "manager/UpdateManager.h"
-#include "updates/frmUpdateDialog.h"
-#include "updates/frmUpdateMessage.h"
-#include "updates/frmUpdateOptions.h"
 
 #include <wx/app.h>
+
+#include <memory>
 
 namespace velmo
 {
@@ -33,20 +36,36 @@ void UpdateWindows::Notify(PromptIcon icon, const std::string& text, const std::
 QuestionAnswer UpdateWindows::AskToViewUpdates(const StartupRequest& request,
                                                const std::string& question)
 {
-    return frmUpdateMessage(Parent(), m_manager.Settings(), m_pointer, request.caller, question,
-                            kStartupQuestionTitle)
-        .Ask();
+    frmUpdateMessage window(
+        Parent(), m_manager.Settings(), question, kStartupQuestionTitle,
+        [this, &request](wxWindow* parent) { SetOptions(parent, request.caller); });
+    return window.ShowModal() == wxID_YES ? QuestionAnswer::Yes : QuestionAnswer::No;
 }
 
-DialogAnswer UpdateWindows::ShowUpdateDialog(const UpdateNotice& notice)
+DialogAnswer UpdateWindows::ShowUpdateDialog(const ProgramRow& program)
 {
-    return frmUpdateDialog(Parent(), m_manager.Settings(), m_manager.Actions(), m_pointer, notice)
-        .Ask();
+    frmUpdateDialog window(
+        Parent(), program,
+        {[this, &program] { m_manager.Actions().OpenUpdatePage(program.index); },
+         [this, &program](wxWindow* parent) { SetOptions(parent, program.Name()); }});
+    // It may come up while a fetch shows the busy pointer.
+    m_pointer.SetShape(PointerShape::Normal);
+    return window.ShowModal() == wxID_OK ? DialogAnswer::Download : DialogAnswer::Close;
 }
 
 void UpdateWindows::SetOptions(const std::string& program)
 {
-    SetUpdateOptions(Parent(), m_manager.Settings(), m_pointer, program);
+    SetOptions(Parent(), program);
+}
+
+void UpdateWindows::SetOptions(wxWindow* parent, const std::string& program)
+{
+    std::unique_ptr<frmUpdateOptions> window;
+    {
+        const CHourGlass busy(m_pointer);
+        window = std::make_unique<frmUpdateOptions>(parent, m_manager.Settings(), program);
+    }
+    window->ShowModal();
     m_manager.Programs().RefreshStartupOption(program);
 }
 

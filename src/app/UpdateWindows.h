@@ -22,12 +22,14 @@ class UpdateWindows final : public UpdatePrompts
     void Notify(PromptIcon icon, const std::string& text, const std::string& title) override;
     QuestionAnswer AskToViewUpdates(const StartupRequest& request,
                                     const std::string& question) override;
-    DialogAnswer ShowUpdateDialog(const UpdateNotice& notice) override;
+    DialogAnswer ShowUpdateDialog(const ProgramRow& program) override;
 
     /// The options window of a program; its row in the program list shows what was chosen.
     void SetOptions(const std::string& program);
 
   private:
+    void SetOptions(wxWindow* parent, const std::string& program);
+
     UpdateManager& m_manager;
     UserPrompts& m_prompts;
     MousePointer& m_pointer;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <wx/dialog.h>
+#include "ui/Dialog.h"
 
 namespace velmo
 {
@@ -8,7 +8,7 @@ namespace velmo
 struct ProgramInformation;
 
 /// The about box; OK, Enter and Escape close it.
-class frmAbout final : public wxDialog
+class frmAbout final : public Dialog
 {
   public:
     frmAbout(wxWindow* parent, const ProgramInformation& information);

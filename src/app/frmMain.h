@@ -1,14 +1,13 @@
 #pragma once
 
+#include "app/MainMenu.h"
 #include "manager/UpdateManager.h"
+#include "ui/FrameOfClass.h"
 #include "ui/OpenDialogs.h"
-
-#include <wx/frame.h>
 
 #include <string>
 
 class wxBookCtrlBase;
-class wxBookCtrlEvent;
 
 namespace velmo
 {
@@ -23,14 +22,13 @@ namespace platform
 class MessageLoop;
 }
 
-/// The main window: the tabs, the status box with the connect controls, the counts and the menus.
+/// The main window: the tabs, the status box with the connect controls, and the counts.
 /// Loaded hidden; Open() shows it.
-class frmMain final : public wxFrame, private UpdateManagerView
+class frmMain final : public FrameOfClass
 {
   public:
     /// Loads the window in its order. References must outlive it.
     frmMain(UpdateManager& manager, UpdateWindows& windows, platform::MessageLoop& loop);
-    ~frmMain() override;
 
     /// Shows the window, selects the program that the command line names (else the first), and
     /// starts the timer that connects.
@@ -47,32 +45,19 @@ class frmMain final : public wxFrame, private UpdateManagerView
     bool ComeForward();
 
   private:
-#ifdef __WXMSW__
-    bool MSWTranslateMessage(WXMSG* message) override;
-#endif
-    void CreateWindow();
-    void CreateMenus();
     void CreateControls();
-    void SetUpAccelerators();
-    void SelectTab(std::size_t tab);
+    void RestoreState();
     void SelectProgram(const std::string& name);
     [[nodiscard]] bool IsBlocked() const;
     void OnClose(wxCloseEvent& event);
     void StartTimer(const std::string& commandLine);
     void OnTimer(const std::string& commandLine);
-    void ShowAbout();
-    void OpenLogFile();
-    void CopyDetails();
     void ShowLink(const std::string& link);
-
-    void OnBusyChanged() override;
-    void OnCountsChanged() override;
-    void RedrawProgramList() override;
-    void OnHeadlinesChanged() override;
 
     UpdateManager& m_manager;
     UpdateWindows& m_windows;
     platform::MessageLoop& m_loop;
+    MainMenu m_menu;
     wxBookCtrlBase* m_tabs = nullptr;
     ProgramsPage* m_programs = nullptr;
     EquipmentPage* m_equipment = nullptr;

@@ -1,14 +1,16 @@
 #include "catalogue/CVelmoProgramCommunicator.h"
 
-#include "catalogue/CFileVersionInfo.h"
 #include "catalogue/CommonFolder.h"
 #include "catalogue/LocatorTable.h"
 #include "controls/UserPrompts.h"
+#include "platform/ErrorCode.h"
 #include "platform/MFile.h"
 #include "platform/Processes.h"
 #include "platform/UserSettings.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
+#include "text/TextCase.h"
+#include "version/CFileVersionInfo.h"
 
 #include <array>
 #include <charconv>
@@ -21,52 +23,26 @@ namespace
 
 namespace MFile = platform::MFile;
 
-constexpr std::int32_t kInvalidArgument = 513;
-
 constexpr std::string_view kNotFoundText =
     "Psychrochart plots the state of moist air and the processes between two states. It is a "
     "separate program that is not installed on this computer.";
 
 const LocatorEntry* EntryOf(std::int32_t number)
 {
-    return number >= 0 && number < kLocatorCount ? &kLocatorTable[static_cast<std::size_t>(number)]
-                                                 : nullptr;
-}
-
-/// A folder below the common folder; empty when no common folder is known.
-std::string BelowCommonFolder(std::string_view subFolder)
-{
-    const std::string common = SharedValue("CommonDirectory");
-    return common.empty() ? std::string() : WithBackslash(common) + std::string(subFolder);
+    return number >= 0 && static_cast<std::size_t>(number) < kLocatorTable.size()
+               ? &kLocatorTable[static_cast<std::size_t>(number)]
+               : nullptr;
 }
 
 /// The folder as the stores give it, derived ones composed; without a last "\" if stored so.
 std::string StoredFolder(const LocatorEntry& entry)
 {
-    switch (entry.number)
+    if (entry.folderKind != FolderKind::BelowCommon)
     {
-    case locator_number::kDocument:
-        return BelowCommonFolder("Document");
-    case locator_number::kBillOfMaterials:
-        return BelowCommonFolder("Bill of Materials");
-    case locator_number::kUpdateManager:
-        return BelowCommonFolder("");
-    default:
-        return SharedValue(entry.folderValueName);
+        return SharedValue(entry.folderName);
     }
-}
-
-bool IsDerived(std::int32_t number)
-{
-    return number == locator_number::kDocument || number == locator_number::kBillOfMaterials ||
-           number == locator_number::kUpdateManager;
-}
-
-/// The numbers under whose value name a folder may be stored.
-bool IsWritable(const LocatorEntry& entry)
-{
-    return !entry.folderValueName.empty() && entry.number != locator_number::kCatalog &&
-           entry.number != locator_number::kCommonFolderAgain;
+    const std::string common = SharedValue(kCommonFolderName);
+    return common.empty() ? std::string() : WithBackslash(common) + std::string(entry.folderName);
 }
 
 /// Splits at "." and sets one output per leading piece that is a number.
@@ -75,15 +51,7 @@ void ReadVersionPieces(std::string_view text, std::array<std::int32_t*, 3> outpu
     for (std::int32_t* output : outputs)
     {
         const std::size_t end = text.find('.');
-        std::string_view piece = text.substr(0, end);
-        while (piece.starts_with(' '))
-        {
-            piece.remove_prefix(1);
-        }
-        while (piece.ends_with(' '))
-        {
-            piece.remove_suffix(1);
-        }
+        const std::string_view piece = Trimmed(text.substr(0, end));
         std::int32_t value = 0;
         const char* last = piece.data() + piece.size();
         const auto [stop, error] = std::from_chars(piece.data(), last, value);
@@ -108,20 +76,20 @@ CVelmoProgramCommunicator::CVelmoProgramCommunicator(DiagnosticLog& log, UserPro
 void CVelmoProgramCommunicator::ReportInvalidArgument(std::string_view operation)
 {
     const std::string source = "CVelmoProgramCommunicator::" + std::string(operation);
-    m_lastError = ErrorRecord{kInvalidArgument, "Invalid argument", source};
-    m_log.Failure(source, Error{kInvalidArgument, m_lastError->description});
+    m_lastError = ErrorRecord{error_code::kInvalidArgument, "Invalid argument", source};
+    m_log.Failure(source, Error{error_code::kInvalidArgument, m_lastError->description});
 }
 
 std::string CVelmoProgramCommunicator::FolderName(std::int32_t number)
 {
     const LocatorEntry* entry = EntryOf(number);
-    if (entry == nullptr || (entry->folderValueName.empty() && !IsDerived(number)))
+    if (entry == nullptr || entry->folderKind == FolderKind::None)
     {
         ReportInvalidArgument("FolderName");
         return {};
     }
     const std::string folder = StoredFolder(*entry);
-    if (folder.empty() || number == locator_number::kDefaultManufacturer)
+    if (folder.empty() || entry->folderKind == FolderKind::PlainName)
     {
         return folder;
     }
@@ -230,7 +198,8 @@ void CVelmoProgramCommunicator::WriteVelmoSoftwareEntry(std::int32_t number,
                                                         std::string_view folder)
 {
     const LocatorEntry* entry = EntryOf(number);
-    if (entry == nullptr || !IsWritable(*entry))
+    if (entry == nullptr ||
+        (entry->folderKind != FolderKind::Stored && entry->folderKind != FolderKind::PlainName))
     {
         ReportInvalidArgument("WriteVelmoSoftwareEntry");
         return;
@@ -241,19 +210,18 @@ void CVelmoProgramCommunicator::WriteVelmoSoftwareEntry(std::int32_t number,
     }
     CINIFileHandler handler(m_log);
     handler.AppProfileFileName(WinIniPath());
-    handler.MyWriteAppProfileString(kVendorSection, entry->folderValueName, folder);
+    handler.MyWriteAppProfileString(kVendorSection, entry->folderName, folder);
     if (const auto written = platform::WriteUserSetting(kVendorApplication, kFolderSection,
-                                                        entry->folderValueName, folder);
+                                                        entry->folderName, folder);
         !written)
     {
-        m_log.Failure("Storing the folder " + std::string(entry->folderValueName),
-                      written.Failure());
+        m_log.Failure("Storing the folder " + std::string(entry->folderName), written.Failure());
     }
 }
 
 void CVelmoProgramCommunicator::Launch(std::int32_t number)
 {
-    if (number != locator_number::kLaunchable || platform::ActivateWindow(kLaunchableTitle))
+    if (number != kLaunchableNumber || platform::ActivateWindow(kLaunchableTitle))
     {
         return;
     }

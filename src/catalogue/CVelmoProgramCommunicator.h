@@ -35,9 +35,9 @@ using INIValue = std::variant<bool, float, std::int32_t, std::int16_t, std::stri
 
 /**
     The program locator: where a program of the vendor is installed, which version its executable
-    carries, and what its own INI file says. Programs are named by their catalogue number (0 to 31,
-    LocatorTable.h). Stateless but for the last error record; every step that fails leaves its result
-    empty (or the outputs untouched) and a line in the log. User-interface thread.
+    carries, and what its own INI file says. Programs are named by their catalogue number (the
+    rows of LocatorTable.h). Stateless but for the last error record; every step that fails leaves its
+    result empty (or the outputs untouched) and a line in the log. User-interface thread.
  */
 class CVelmoProgramCommunicator
 {

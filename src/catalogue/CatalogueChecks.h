@@ -1,15 +1,14 @@
 #pragma once
 
-#include "catalogue/ProgramCatalogue.h"
+#include "catalogue/LocatorTable.h"
 #include "catalogue/ProgramTable.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 #include <string_view>
 
-/// What must hold of the program table, checked while it is compiled: the name of the first fault
-/// stands in the compiler's message.
+/// What must hold between the rows of the two tables, checked while they are compiled: row and fault
+/// stand in the compiler's message. Any new check must pass for a table of today and one row more.
 namespace velmo
 {
 
@@ -19,45 +18,48 @@ enum class CatalogueFault
     IndexIsNotPosition,
     NameWithoutMajorVersion,
     NameTwice,
-    LocatorNumberTwiceOrOutOfRange,
-    CountOfRowsWithoutLocatorNumber,
+    LocatorNumberTwice,
+    LocatorNumberWithoutExecutable,
+    LocatedUnderAnotherName,
     PageNotInAProductArea,
-    InformationPageSharedByOtherRows,
     UpdatePageShared,
-    RowsWithoutUpdatePage,
     DemoSetupPath,
-    OwnRow,
-    RowsThatNotifyOfEquipment,
+    UpdateManagerTwice,
+    FolderNotNamed,
+    IniFileWithoutExecutable,
+};
+
+struct FaultyRow
+{
+    std::int32_t index = -1;
+    CatalogueFault fault = CatalogueFault::None;
+
+    friend constexpr bool operator==(const FaultyRow&, const FaultyRow&) = default;
 };
 
 namespace catalogue_checks
 {
 
-using Rows = std::span<const ProgramEntry>;
-
-inline constexpr std::array kWithoutLocatorNumber{9,  12, 16, 17, 18, 19, 20,
-                                                  22, 23, 28, 29, 32, 33};
-inline constexpr std::array kWithoutUpdatePage{7, 9, 16, 17, 18, 20, 28, 31, 32};
-inline constexpr std::array kNotifying{0, 1, 2, 25, 27};
-inline constexpr std::array<std::array<int, 2>, 3> kSharedInformationPages{
-    {{1, 2}, {14, 15}, {19, 22}}};
-
-template <std::size_t n>
-constexpr bool In(const std::array<int, n>& list, std::int32_t index)
+constexpr std::string_view WordOf(std::string_view displayName)
 {
-    return std::find(list.begin(), list.end(), index) != list.end();
+    return displayName.substr(0, displayName.rfind(' '));
+}
+
+constexpr std::string_view MajorOf(std::string_view displayName)
+{
+    return displayName.substr(displayName.rfind(' ') + 1);
+}
+
+constexpr bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
 }
 
 constexpr bool IsName(std::string_view name)
 {
     const std::size_t blank = name.rfind(' ');
-    if (blank == std::string_view::npos || blank == 0 || name[blank - 1] == ' ' ||
-        blank + 1 == name.size())
-    {
-        return false;
-    }
-    const std::string_view version = name.substr(blank + 1);
-    return std::all_of(version.begin(), version.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return blank != std::string_view::npos && blank != 0 && name[blank - 1] != ' ' &&
+           blank + 1 != name.size() && std::ranges::all_of(MajorOf(name), IsDigit);
 }
 
 /// Whether a file lies in that folder itself.
@@ -78,36 +80,37 @@ constexpr bool IsPage(std::string_view path)
     return path.empty();
 }
 
-constexpr bool IsDemoSetup(const ProgramEntry& row)
+/// Executable and folder must be the program's: they begin with its word, and a generation's number
+/// in the executable's name is the program's. Two generations may share a folder, so nothing else
+/// would tell that their numbers were swapped.
+constexpr bool BearsItsName(const LocatorEntry& entry, std::string_view displayName)
 {
-    const bool apart = row.index == kRowOnSecondDemoServer;
-    return LiesIn(apart ? "/pub/" : "/pub/demo/", row.demoSetup) && row.demoSetup.ends_with(".exe");
+    const std::string_view word = WordOf(displayName);
+    if (!entry.folderName.starts_with(word) || !entry.executable.starts_with(word))
+    {
+        return false;
+    }
+    std::string_view generation = entry.executable.substr(word.size());
+    generation = generation.substr(0, generation.find('.'));
+    return !std::ranges::all_of(generation, IsDigit) || generation.empty() ||
+           generation == MajorOf(displayName);
 }
 
-constexpr bool MayShareInformationPage(std::int32_t a, std::int32_t b)
+constexpr CatalogueFault FaultOfLocation(const ProgramEntry& row,
+                                         std::span<const LocatorEntry> locator)
 {
-    return std::any_of(kSharedInformationPages.begin(), kSharedInformationPages.end(),
-                       [=](const auto& pair) { return pair[0] == a && pair[1] == b; });
-}
-
-constexpr CatalogueFault FaultOfPair(const ProgramEntry& a, const ProgramEntry& b)
-{
-    if (a.displayName == b.displayName)
+    if (row.locatorNumber == kNoLocatorNumber)
     {
-        return CatalogueFault::NameTwice;
+        return CatalogueFault::None;
     }
-    if (a.locatorNumber != kNoLocatorNumber && a.locatorNumber == b.locatorNumber)
+    const auto entry = std::ranges::find(locator, row.locatorNumber, &LocatorEntry::number);
+    if (entry == locator.end() || entry->executable.empty())
     {
-        return CatalogueFault::LocatorNumberTwiceOrOutOfRange;
+        return CatalogueFault::LocatorNumberWithoutExecutable;
     }
-    if (!a.informationPage.empty() &&
-        (a.informationPage == b.informationPage) != MayShareInformationPage(a.index, b.index))
+    if (row.kind != ProgramKind::UpdateManager && !BearsItsName(*entry, row.displayName))
     {
-        return CatalogueFault::InformationPageSharedByOtherRows;
-    }
-    if (!a.updatePage.empty() && a.updatePage == b.updatePage)
-    {
-        return CatalogueFault::UpdatePageShared;
+        return CatalogueFault::LocatedUnderAnotherName;
     }
     return CatalogueFault::None;
 }
@@ -118,68 +121,117 @@ constexpr CatalogueFault FaultOfRow(const ProgramEntry& row)
     {
         return CatalogueFault::NameWithoutMajorVersion;
     }
-    if ((row.locatorNumber == kNoLocatorNumber) != In(kWithoutLocatorNumber, row.index))
-    {
-        return CatalogueFault::CountOfRowsWithoutLocatorNumber;
-    }
-    if (row.locatorNumber != kNoLocatorNumber && (row.locatorNumber < 1 || row.locatorNumber > 31))
-    {
-        return CatalogueFault::LocatorNumberTwiceOrOutOfRange;
-    }
     if (!IsPage(row.informationPage) || !IsPage(row.updatePage))
     {
         return CatalogueFault::PageNotInAProductArea;
     }
-    if (row.updatePage.empty() != In(kWithoutUpdatePage, row.index))
-    {
-        return CatalogueFault::RowsWithoutUpdatePage;
-    }
-    if (!IsDemoSetup(row))
+    const bool apart = row.kind == ProgramKind::DemoOnSecondServer;
+    if (!LiesIn(apart ? "/pub/" : "/pub/demo/", row.demoSetup) || !row.demoSetup.ends_with(".exe"))
     {
         return CatalogueFault::DemoSetupPath;
-    }
-    if (row.notifiesOfEquipment != In(kNotifying, row.index))
-    {
-        return CatalogueFault::RowsThatNotifyOfEquipment;
     }
     return CatalogueFault::None;
 }
 
-constexpr bool IsOwnRowRight(const ProgramEntry& row)
+constexpr CatalogueFault FaultOfPair(const ProgramEntry& a, const ProgramEntry& b)
 {
-    return row.displayName == "Update Manager 1" && row.locatorNumber == 31 &&
-           row.demoSetup == "/pub/demo/update_manager_setup.exe";
+    if (a.displayName == b.displayName)
+    {
+        return CatalogueFault::NameTwice;
+    }
+    if (a.locatorNumber != kNoLocatorNumber && a.locatorNumber == b.locatorNumber)
+    {
+        return CatalogueFault::LocatorNumberTwice;
+    }
+    if (!a.updatePage.empty() && a.updatePage == b.updatePage)
+    {
+        return CatalogueFault::UpdatePageShared;
+    }
+    if (a.kind == ProgramKind::UpdateManager && b.kind == a.kind)
+    {
+        return CatalogueFault::UpdateManagerTwice;
+    }
+    return CatalogueFault::None;
+}
+
+constexpr CatalogueFault FaultOfEntry(const LocatorEntry& entry)
+{
+    const bool mayBeEmpty =
+        entry.folderKind == FolderKind::None || entry.folderKind == FolderKind::BelowCommon;
+    if (entry.folderName.empty() && !mayBeEmpty)
+    {
+        return CatalogueFault::FolderNotNamed;
+    }
+    if ((entry.executable.empty() && !entry.iniFile.empty()) ||
+        (entry.iniFile.empty() && !entry.previousIniFile.empty()))
+    {
+        return CatalogueFault::IniFileWithoutExecutable;
+    }
+    return CatalogueFault::None;
 }
 
 } // namespace catalogue_checks
 
-/// The first thing that is wrong with a table of programs.
-constexpr CatalogueFault FirstFault(catalogue_checks::Rows rows)
+/// The first row with something wrong, and what that is.
+constexpr FaultyRow FirstFault(std::span<const ProgramEntry> rows,
+                               std::span<const LocatorEntry> locator)
 {
     using namespace catalogue_checks;
     for (std::size_t i = 0; i < rows.size(); ++i)
     {
-        if (rows[i].index != static_cast<std::int32_t>(i))
+        const ProgramEntry& row = rows[i];
+        const auto place = static_cast<std::int32_t>(i);
+        CatalogueFault fault = FaultOfRow(row);
+        for (std::size_t k = 0; k < i && fault == CatalogueFault::None; ++k)
         {
-            return CatalogueFault::IndexIsNotPosition;
+            fault = FaultOfPair(row, rows[k]);
         }
-        if (const CatalogueFault fault = FaultOfRow(rows[i]); fault != CatalogueFault::None)
+        if (fault == CatalogueFault::None)
         {
-            return fault;
+            fault = FaultOfLocation(row, locator);
         }
-        if (rows[i].informationPage.empty() != (rows[i].index == kOwnRow))
+        if (row.index != place)
         {
-            return CatalogueFault::OwnRow;
+            fault = CatalogueFault::IndexIsNotPosition;
         }
-        for (std::size_t k = i + 1; k < rows.size(); ++k)
+        if (fault != CatalogueFault::None)
         {
-            if (const auto fault = FaultOfPair(rows[i], rows[k]); fault != CatalogueFault::None)
-            {
-                return fault;
-            }
+            return {place, fault};
         }
     }
-    return IsOwnRowRight(rows[kOwnRow]) ? CatalogueFault::None : CatalogueFault::OwnRow;
+    return {};
 }
+
+/// The first number of the locator with something wrong, and what that is.
+constexpr FaultyRow FirstFault(std::span<const LocatorEntry> locator)
+{
+    for (std::size_t i = 0; i < locator.size(); ++i)
+    {
+        const auto place = static_cast<std::int32_t>(i);
+        if (locator[i].number != place)
+        {
+            return {place, CatalogueFault::IndexIsNotPosition};
+        }
+        const CatalogueFault fault = catalogue_checks::FaultOfEntry(locator[i]);
+        if (fault != CatalogueFault::None)
+        {
+            return {place, fault};
+        }
+    }
+    return {};
+}
+
+/// Its arguments are what the compiler's message shows.
+template <std::int32_t row, CatalogueFault fault>
+struct RowOfProgramTable
+{
+    static_assert(fault == CatalogueFault::None, "ProgramTable.h: this row has this fault");
+};
+
+template <std::int32_t number, CatalogueFault fault>
+struct RowOfLocatorTable
+{
+    static_assert(fault == CatalogueFault::None, "LocatorTable.h: this number has this fault");
+};
 
 } // namespace velmo

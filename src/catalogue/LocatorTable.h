@@ -1,129 +1,83 @@
 #pragma once
 
-#include "catalogue/ProgramTable.h"
-
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string_view>
 
-/// What the locator knows of each catalogue number: edited together with ProgramTable.h.
+/// What the locator knows of each catalogue number.
 namespace velmo
 {
 
-struct LocatorEntry
+/// How a number's folder is found.
+enum class FolderKind
 {
-    std::int32_t number;
-    std::string_view folderValueName; ///< In both shared stores; empty when the number has none.
-    std::string_view executable;      ///< Empty when the number has none.
-    std::string_view iniFile;         ///< The program's settings file; empty when it has none.
-    std::string_view previousIniFile; ///< The previous generation's, for two products.
+    None,
+    Stored,      ///< Under its value name in both shared stores; may be written there.
+    ReadOnly,    ///< Likewise, but written by others only.
+    PlainName,   ///< Stored, but a manufacturer's name and no folder.
+    BelowCommon, ///< Below the common folder, or that folder itself.
 };
 
-inline constexpr std::int32_t kLocatorCount = 32;
-
-/// Numbers that mean something of their own.
-namespace locator_number
+struct LocatorEntry
 {
-inline constexpr std::int32_t kCommonFolder = 0;
-inline constexpr std::int32_t kLaunchable = 7; ///< The one program that the window can start.
-inline constexpr std::int32_t kDefaultManufacturer = 13; ///< A name, no folder.
-inline constexpr std::int32_t kCommonFolderAgain = 19;
-inline constexpr std::int32_t kDocument = 28;        ///< Below the common folder.
-inline constexpr std::int32_t kCatalog = 29;         ///< A control library, no program.
-inline constexpr std::int32_t kBillOfMaterials = 30; ///< Below the common folder.
-inline constexpr std::int32_t kUpdateManager = 31;   ///< In the common folder.
-} // namespace locator_number
+    std::int32_t number; ///< The row's place.
+    FolderKind folderKind;
+    std::string_view folderName;      ///< Value name in the stores; for BelowCommon the subfolder.
+    std::string_view executable;      ///< Empty when the number has none.
+    std::string_view iniFile;         ///< The program's settings file; empty when it has none.
+    std::string_view previousIniFile; ///< The previous generation's; the newer file is read.
+};
 
-// clang-format off
-inline constexpr std::array<LocatorEntry, kLocatorCount> kLocatorTable{{
-    {0,  "CommonDirectory",       "",                  "",                  ""},
-    {1,  "AirflowDirectory",      "Airflow3.exe",      "Airflow3.ini",      ""},
-    {2,  "ChillersizeDirectory",  "Chillersize4.exe",  "Chillersize4.ini",  ""},
-    {3,  "LoadcalcDirectory",     "Loadcalc7.exe",     "Loadcalc7.ini",     ""},
-    {4,  "DrawingDirectory",      "",                  "",                  ""},
-    {5,  "Chillersize5Directory", "Chillersize5.exe",  "Chillersize5.ini",  ""},
-    {6,  "TemplateDirectory",     "",                  "",                  ""},
-    {7,  "PsychrochartDirectory", "Psychrochartw.exe", "Psychrochartw.ini", "Psychrochart.ini"},
-    {8,  "DuctsizeDirectory",     "Ductsizew.exe",     "Ductsizew.ini",     ""},
-    {9,  "LoopfieldDirectory",    "Loopfield.exe",     "Loopfield.ini",     ""},
-    {10, "NoisecheckDirectory",   "Noisecheck.exe",    "",                  ""},
-    {11, "RefriglineDirectory",   "Refrigline.exe",    "Refrigline.ini",    ""},
-    {12, "LoadcalcDirectory",     "Loadcalc8.exe",     "Loadcalcw.ini",     "Loadcalc8.ini"},
-    {13, "DefaultManufacturer",   "",                  "",                  ""},
-    {14, "RooftopDirectory",      "Rooftop.exe",       "Rooftop.ini",       ""},
-    {15, "",                      "",                  "",                  ""},
-    {16, "ManifoldDirectory",     "Manifold.exe",      "Manifold.ini",      ""},
-    {17, "SplitpairDirectory",    "Splitpair.exe",     "Splitpair.ini",     ""},
-    {18, "TanksizeDirectory",     "Tanksize.exe",      "",                  ""},
-    {19, "CommonDirectory",       "",                  "",                  ""},
-    {20, "PanelplanDirectory",    "Panelplan6.exe",    "Panelplan6.ini",    ""},
-    {21, "PanelplanDirectory",    "Panelplan5.exe",    "Panelplan5.ini",    ""},
-    {22, "LumenplanDirectory",    "Lumenplan.exe",     "Lumenplan.ini",     ""},
-    {23, "MainsplanDirectory",    "Mainsplan.exe",     "Mainsplan.ini",     ""},
-    {24, "MotorstartDirectory",   "Motorstart.exe",    "",                  ""},
-    {25, "OutletplanDirectory",   "Outletplan.exe",    "Outletplan.ini",    ""},
-    {26, "WiringDirectory",       "Wiring2.exe",       "Wiring2.ini",       ""},
-    {27, "SpecwriterDirectory",   "Specwriter.exe",    "Specwriter.ini",    ""},
-    {28, "",                      "Document.exe",      "Document.ini",      ""},
-    {29, "CatalogDirectory",      "VelmoCatalog.ocx",  "",                  ""},
-    {30, "",                      "Billofmat.exe",     "Billofmat.ini",     ""},
-    {31, "",                      "VelmoUpd.exe",      "VelmoUpd.ini",      ""},
-}};
-// clang-format on
+/// Value name of the vendor's common folder.
+inline constexpr std::string_view kCommonFolderName = "CommonDirectory";
 
-/// The launchable program's executable of the previous generation, and its window's title.
+/// The table to edit for a program that can be located; CatalogueChecks.h checks it too.
+inline constexpr auto kLocatorTable = [] {
+    using enum FolderKind;
+    // clang-format off
+    return std::to_array<LocatorEntry>({
+    {0,  Stored,      kCommonFolderName,       "",                  "",                  ""},
+    {1,  Stored,      "AirflowDirectory",      "Airflow3.exe",      "Airflow3.ini",      ""},
+    {2,  Stored,      "ChillersizeDirectory",  "Chillersize4.exe",  "Chillersize4.ini",  ""},
+    {3,  Stored,      "LoadcalcDirectory",     "Loadcalc7.exe",     "Loadcalc7.ini",     ""},
+    {4,  Stored,      "DrawingDirectory",      "",                  "",                  ""},
+    {5,  Stored,      "Chillersize5Directory", "Chillersize5.exe",  "Chillersize5.ini",  ""},
+    {6,  Stored,      "TemplateDirectory",     "",                  "",                  ""},
+    {7,  Stored,      "PsychrochartDirectory", "Psychrochartw.exe", "Psychrochartw.ini", "Psychrochart.ini"},
+    {8,  Stored,      "DuctsizeDirectory",     "Ductsizew.exe",     "Ductsizew.ini",     ""},
+    {9,  Stored,      "LoopfieldDirectory",    "Loopfield.exe",     "Loopfield.ini",     ""},
+    {10, Stored,      "NoisecheckDirectory",   "Noisecheck.exe",    "",                  ""},
+    {11, Stored,      "RefriglineDirectory",   "Refrigline.exe",    "Refrigline.ini",    ""},
+    {12, Stored,      "LoadcalcDirectory",     "Loadcalc8.exe",     "Loadcalcw.ini",     "Loadcalc8.ini"},
+    {13, PlainName,   "DefaultManufacturer",   "",                  "",                  ""},
+    {14, Stored,      "RooftopDirectory",      "Rooftop.exe",       "Rooftop.ini",       ""},
+    {15, None,        "",                      "",                  "",                  ""},
+    {16, Stored,      "ManifoldDirectory",     "Manifold.exe",      "Manifold.ini",      ""},
+    {17, Stored,      "SplitpairDirectory",    "Splitpair.exe",     "Splitpair.ini",     ""},
+    {18, Stored,      "TanksizeDirectory",     "Tanksize.exe",      "",                  ""},
+    {19, ReadOnly,    kCommonFolderName,       "",                  "",                  ""},
+    {20, Stored,      "PanelplanDirectory",    "Panelplan6.exe",    "Panelplan6.ini",    ""},
+    {21, Stored,      "PanelplanDirectory",    "Panelplan5.exe",    "Panelplan5.ini",    ""},
+    {22, Stored,      "LumenplanDirectory",    "Lumenplan.exe",     "Lumenplan.ini",     ""},
+    {23, Stored,      "MainsplanDirectory",    "Mainsplan.exe",     "Mainsplan.ini",     ""},
+    {24, Stored,      "MotorstartDirectory",   "Motorstart.exe",    "",                  ""},
+    {25, Stored,      "OutletplanDirectory",   "Outletplan.exe",    "Outletplan.ini",    ""},
+    {26, Stored,      "WiringDirectory",       "Wiring2.exe",       "Wiring2.ini",       ""},
+    {27, Stored,      "SpecwriterDirectory",   "Specwriter.exe",    "Specwriter.ini",    ""},
+    {28, BelowCommon, "Document",              "Document.exe",      "Document.ini",      ""},
+    {29, ReadOnly,    "CatalogDirectory",      "VelmoCatalog.ocx",  "",                  ""},
+    {30, BelowCommon, "Bill of Materials",     "Billofmat.exe",     "Billofmat.ini",     ""},
+    {31, BelowCommon, "",                      "VelmoUpd.exe",      "VelmoUpd.ini",      ""},
+    });
+    // clang-format on
+}();
+
+inline constexpr std::int32_t kCommonFolderNumber = 0;
+
+/// The one program that the window can start, its executable of the previous generation, and the
+/// title of its window.
+inline constexpr std::int32_t kLaunchableNumber = 7;
 inline constexpr std::string_view kPreviousLaunchable = "Psychrochart.exe";
 inline constexpr std::string_view kLaunchableTitle = "Psychrochart";
-
-namespace locator_checks
-{
-
-constexpr bool NumbersArePositions()
-{
-    std::int32_t expected = 0;
-    return std::all_of(kLocatorTable.begin(), kLocatorTable.end(),
-                       [&](const LocatorEntry& entry) { return entry.number == expected++; });
-}
-
-/// Every program of the catalogue that can be located bears the name that the locator looks for.
-constexpr bool NamesAgree()
-{
-    return std::all_of(kPrograms.begin(), kPrograms.end(), [](const ProgramEntry& row) {
-        if (row.locatorNumber == kNoLocatorNumber || row.index == kOwnRow)
-        {
-            return true;
-        }
-        const LocatorEntry& entry = kLocatorTable[static_cast<std::size_t>(row.locatorNumber)];
-        const std::string_view word = row.displayName.substr(0, row.displayName.rfind(' '));
-        return entry.folderValueName.starts_with(word) && entry.executable.starts_with(word);
-    });
-}
-
-constexpr bool IsOneOf(std::int32_t number, std::initializer_list<std::int32_t> list)
-{
-    return std::find(list.begin(), list.end(), number) != list.end();
-}
-
-constexpr bool ExecutablesAreRight()
-{
-    return std::all_of(kLocatorTable.begin(), kLocatorTable.end(), [](const LocatorEntry& entry) {
-        return entry.executable.empty() == IsOneOf(entry.number, {0, 4, 6, 13, 15, 19});
-    });
-}
-
-constexpr bool TwoProductsHaveAPreviousIniFile()
-{
-    return std::count_if(kLocatorTable.begin(), kLocatorTable.end(), [](const LocatorEntry& entry) {
-               return !entry.previousIniFile.empty() && !entry.iniFile.empty();
-           }) == 2;
-}
-
-} // namespace locator_checks
-
-static_assert(locator_checks::NumbersArePositions());
-static_assert(locator_checks::NamesAgree());
-static_assert(locator_checks::ExecutablesAreRight());
-static_assert(locator_checks::TwoProductsHaveAPreviousIniFile());
 
 } // namespace velmo

@@ -1,18 +1,16 @@
 #include "catalogue/ProgramCatalogue.h"
 
 #include "catalogue/CatalogueChecks.h"
-#include "catalogue/ProgramTable.h"
-#include "settings/TextCase.h"
+#include "catalogue/VendorPaths.h"
+#include "text/TextCase.h"
 
 namespace velmo
 {
 namespace
 {
 
-constexpr std::string_view kEquipmentName = "Manufacturer Databases";
-constexpr std::string_view kNoUpdatePage = "/web/errors/noupdatepage.txt";
-
-static_assert(FirstFault(kPrograms) == CatalogueFault::None);
+constexpr FaultyRow kFaultyProgram = FirstFault(kPrograms, kLocatorTable);
+constexpr FaultyRow kFaultyNumber = FirstFault(kLocatorTable);
 
 const ProgramEntry* RowOf(std::int32_t index)
 {
@@ -21,6 +19,9 @@ const ProgramEntry* RowOf(std::int32_t index)
 }
 
 } // namespace
+
+template struct RowOfProgramTable<kFaultyProgram.index, kFaultyProgram.fault>;
+template struct RowOfLocatorTable<kFaultyNumber.index, kFaultyNumber.fault>;
 
 std::string_view NameOfIndex(std::int32_t index)
 {
@@ -44,6 +45,12 @@ std::int32_t IndexOfName(std::string_view displayName)
     return 0;
 }
 
+bool IsListed(std::int32_t index)
+{
+    const ProgramEntry* row = RowOf(index);
+    return row != nullptr && row->kind != ProgramKind::Unlisted;
+}
+
 std::int32_t LocatorNumberOfIndex(std::int32_t index)
 {
     const ProgramEntry* row = RowOf(index);
@@ -60,7 +67,7 @@ std::string UpdatePageOfIndex(const VendorServer& server, std::int32_t index)
 {
     const ProgramEntry* row = RowOf(index);
     const bool hasPage = row != nullptr && !row->updatePage.empty();
-    return server.Address(hasPage ? row->updatePage : kNoUpdatePage);
+    return server.Address(hasPage ? row->updatePage : vendor_path::kNoUpdatePage);
 }
 
 std::string DemoSetupOfIndex(const VendorServer& server, std::int32_t index)
@@ -70,7 +77,7 @@ std::string DemoSetupOfIndex(const VendorServer& server, std::int32_t index)
     {
         return {};
     }
-    if (index == kRowOnSecondDemoServer)
+    if (row->kind == ProgramKind::DemoOnSecondServer)
     {
         return server.secondDemoServer + std::string(row->demoSetup);
     }

@@ -1,30 +1,53 @@
 #pragma once
 
-#include "catalogue/ProgramCatalogue.h"
-
+#include <algorithm>
 #include <array>
-#include <cstddef>
+#include <cstdint>
+#include <string_view>
 
 namespace velmo
 {
 
-/// The row whose demo setup lies on the second demo server.
-inline constexpr std::int32_t kRowOnSecondDemoServer = 1;
+/// The locator number of a program that cannot be located on this computer.
+inline constexpr std::int32_t kNoLocatorNumber = -1;
+
+/// What sets a program apart from the others.
+enum class ProgramKind
+{
+    Ordinary,
+    DemoOnSecondServer, ///< Its demo setup lies on the second demo server.
+    Unlisted,           ///< A previous generation that the program list never shows.
+    UpdateManager,      ///< The update manager's own row; one row bears it.
+};
+
+/// One row: paths are paths on the vendor's web server.
+struct ProgramEntry
+{
+    std::int32_t index;               ///< The row's place: options and command lines go by it.
+    std::string_view displayName;     ///< Name, one blank, major version.
+    std::int32_t locatorNumber;       ///< Row in LocatorTable.h, or kNoLocatorNumber.
+    std::string_view informationPage; ///< May be empty, as the update manager's own.
+    std::string_view updatePage;      ///< Empty when the program has none.
+    std::string_view demoSetup;       ///< Never empty.
+    bool notifiesOfEquipment;         ///< Default of its option to check equipment at start-up.
+    ProgramKind kind = ProgramKind::Ordinary;
+};
 
 /**
-    The vendor's product list: this is the table to edit for a new program or page. Columns: index,
-    display name, locator number, information page, update page, demo setup, notifies of equipment.
-    A number without a folder of its own in the locator is kNone here. CatalogueChecks.h says what
-    must hold; a table that breaks it does not compile.
+    The vendor's product list: this is the table to edit for a new program or page. A new row is all
+    that a new program needs, and one in LocatorTable.h when it can be located. Columns: index,
+    display name, locator number, information page, update page, demo setup, notifies of equipment,
+    kind. What CatalogueChecks.h finds wrong with a row does not compile.
  */
 inline constexpr auto kPrograms = [] {
     constexpr std::int32_t kNone = kNoLocatorNumber;
     // clang-format off
-    return std::array<ProgramEntry, static_cast<std::size_t>(kProgramCount)>{{
+    return std::to_array<ProgramEntry>({
     {0, "Airflow 3", 1, "/web/hvacr/airflow_info.html",
      "/web/hvacr/airflow3_ver.html", "/pub/demo/aflow30.exe", true},
     {1, "Chillersize 4", 2, "/web/hvacr/chillersize_info.html",
-     "/web/hvacr/chillersize4_ver.html", "/pub/chlsz40.exe", true},
+     "/web/hvacr/chillersize4_ver.html", "/pub/chlsz40.exe", true,
+     ProgramKind::DemoOnSecondServer},
     {2, "Chillersize 5", 5, "/web/hvacr/chillersize_info.html",
      "/web/hvacr/chillersize5_ver.html", "/pub/demo/chlsz50.exe", true},
     {3, "Ductsize 6", 8, "/web/hvacr/ductsize_info.html",
@@ -52,7 +75,8 @@ inline constexpr auto kPrograms = [] {
     {14, "Panelplan 6", 20, "/web/electrical/panelplan_info.html",
      "/web/electrical/panelplan6_ver.html", "/pub/demo/panel60.exe", false},
     {15, "Panelplan 5", 21, "/web/electrical/panelplan_info.html",
-     "/web/electrical/panelplan5_ver.html", "/pub/demo/panel50.exe", false},
+     "/web/electrical/panelplan5_ver.html", "/pub/demo/panel50.exe", false,
+     ProgramKind::Unlisted},
     {16, "Parkvent 2", kNone, "/web/hvacr/parkvent_info.html",
      "", "/pub/demo/parkv20.exe", false},
     {17, "Phasebalance 1", kNone, "/web/electrical/phasebalance_info.html",
@@ -84,12 +108,20 @@ inline constexpr auto kPrograms = [] {
     {30, "Tanksize 2", 18, "/web/plumbing/tanksize_info.html",
      "/web/plumbing/tanksize2_ver.html", "/pub/demo/tanksz20.exe", false},
     {31, "Update Manager 1", 31, "",
-     "", "/pub/demo/update_manager_setup.exe", false},
+     "", "/pub/demo/update_manager_setup.exe", false,
+     ProgramKind::UpdateManager},
     {32, "Voltdrop 2", kNone, "/web/electrical/voltdrop_info.html",
      "", "/pub/demo/voltd20.exe", false},
     {33, "Wastepipe 3", kNone, "/web/plumbing/wastepipe_info.html",
-     "/web/plumbing/wastepipe3_ver.html", "/pub/demo/waste30.exe", false},    }};
+     "/web/plumbing/wastepipe3_ver.html", "/pub/demo/waste30.exe", false},
+    });
     // clang-format on
 }();
+
+inline constexpr auto kProgramCount = static_cast<std::int32_t>(kPrograms.size());
+
+/// The update manager's own row.
+inline constexpr std::int32_t kOwnRow =
+    std::ranges::find(kPrograms, ProgramKind::UpdateManager, &ProgramEntry::kind)->index;
 
 } // namespace velmo

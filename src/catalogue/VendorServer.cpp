@@ -3,7 +3,7 @@
 #include "catalogue/BuildConfiguration.h"
 #include "platform/MachinePolicy.h"
 #include "settings/DiagnosticLog.h"
-#include "settings/TextCase.h"
+#include "text/TextCase.h"
 
 namespace velmo
 {

@@ -1,14 +1,10 @@
 #include "companion/Commands.h"
 
-#include "companion/EquipmentCommand.h"
-#include "companion/InspectCommand.h"
-#include "companion/StatusCommand.h"
+#include "companion/CommandSetUp.h"
 
 #include <CLI/CLI.hpp>
 
 #include <array>
-#include <functional>
-#include <memory>
 #include <ostream>
 
 namespace velmo::companion
@@ -16,13 +12,12 @@ namespace velmo::companion
 namespace
 {
 
-/// One command: what it is called and says of itself, and how it adds its arguments. The action that
-/// SetUp() returns is run when the command was chosen.
+/// One command: what it is called and says of itself, and how it is set up.
 struct Command
 {
     const char* name;
     const char* description;
-    std::function<ExitCode(Output)> (*setUp)(CLI::App& command);
+    Action (*setUp)(CLI::App& command);
 };
 
 constexpr std::array kCommands{
@@ -46,7 +41,7 @@ ExitCode Run(const std::vector<std::string>& arguments, std::ostream& output, st
 {
     CLI::App app("Velmo Software Update Manager without its windows", "velmoupdctl");
     app.require_subcommand(1);
-    std::function<ExitCode(Output)> chosen;
+    Action chosen;
     for (const Command& command : kCommands)
     {
         CLI::App* sub = app.add_subcommand(command.name, command.description);

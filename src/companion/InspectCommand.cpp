@@ -1,8 +1,9 @@
-#include "companion/InspectCommand.h"
-
-#include "catalogue/CFileVersionInfo.h"
-#include "companion/InspectDatabaseFile.h"
+#include "access/AccessFile.h"
+#include "companion/CommandSetUp.h"
+#include "equipment/InstalledVersion.h"
 #include "platform/MFile.h"
+#include "text/TextCase.h"
+#include "version/CFileVersionInfo.h"
 
 #include <CLI/CLI.hpp>
 
@@ -76,6 +77,39 @@ ExitCode InspectVersion(const std::string& file, Output output)
     return ExitCode::Fine;
 }
 
+/// Whether the path's name or content says that it is an Access database.
+bool IsDatabaseFile(const std::string& path)
+{
+    const std::string name = LowerCase(path);
+    return name.ends_with(".mdb") || name.ends_with(".accdb") || AccessFile::Open(path).Ok();
+}
+
+/// Prints the first record's field, an empty line for none.
+ExitCode InspectField(const std::string& path, const std::string& table, const std::string& field,
+                      Output output)
+{
+    const auto read = ReadAccessField(path, table, field);
+    if (!read)
+    {
+        output.errors << path << ": " << read.Failure().description << "\n";
+        return ExitCode::Failed;
+    }
+    output.out << read.Value().value_or("") << "\n";
+    return ExitCode::Fine;
+}
+
+/// Prints what the equipment grid would say of the database as an installed one.
+ExitCode InspectEquipmentDatabase(const std::string& path, Output output)
+{
+    const auto date = ReadReleaseDate(path);
+    output.out << "Database Installed Version: " << (date ? date.Value() : "-") << "\n";
+    if (!date)
+    {
+        output.errors << path << ": " << date.Failure().description << "\n";
+    }
+    return date ? ExitCode::Fine : ExitCode::Failed;
+}
+
 ExitCode InspectFile(const std::string& file, Output output)
 {
     const std::string path = MFile::FromCommandLine(file);
@@ -113,7 +147,7 @@ ExitCode InspectAll(const std::vector<std::string>& files, Output output)
 
 } // namespace
 
-std::function<ExitCode(Output)> SetUpInspect(CLI::App& command)
+Action SetUpInspect(CLI::App& command)
 {
     const auto files = std::make_shared<std::vector<std::string>>();
     command.add_option("FILE", *files, "Files to look into, or a database, a table and a field")

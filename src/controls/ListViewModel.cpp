@@ -1,15 +1,17 @@
 #include "controls/ListViewModel.h"
 
-#include "controls/NaturalOrder.h"
+#include "text/NaturalOrder.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <numeric>
 #include <utility>
 
 namespace velmo
 {
 
-ListViewModel::ListViewModel(std::vector<ListColumn> columns) : m_columns(std::move(columns)) {}
+ListViewModel::ListViewModel(std::vector<ListColumn> columns, const ListSource& source)
+    : m_columns(std::move(columns)), m_source(source)
+{}
 
 template <typename... Arguments>
 void ListViewModel::Tell(void (Observer::*event)(Arguments...), Arguments... arguments) const
@@ -38,63 +40,73 @@ void ListViewModel::SetColumnMark(std::size_t column, std::optional<SortOrder> m
     }
 }
 
-void ListViewModel::SetRows(std::vector<ListRow> rows)
+void ListViewModel::RowsChanged()
 {
-    m_rows = std::move(rows);
-    m_keysAsAdded.clear();
-    for (ListRow& row : m_rows)
-    {
-        row.cells.resize(m_columns.size());
-        m_keysAsAdded.push_back(row.key);
-    }
-    if (!PositionOf(m_selectedKey))
+    m_rows.resize(m_source.RowCount());
+    ApplySort();
+    if (!SelectedPosition())
     {
         m_selectedKey.clear();
     }
-    ApplySort();
     Tell(&Observer::OnRowsChanged);
     Tell(&Observer::OnSelectionChanged);
 }
 
-void ListViewModel::SetCell(std::string_view key, std::size_t column, std::string text)
+std::string ListViewModel::Text(std::size_t position, std::size_t column) const
 {
-    const auto position = PositionOf(key);
-    if (position && column >= 1 && column <= m_columns.size())
-    {
-        m_rows[*position].cells[column - 1] = std::move(text);
-        ApplySort();
-        Tell(&Observer::OnRowsChanged);
-    }
+    return position < m_rows.size() ? m_source.Text(m_rows[position], column) : std::string();
 }
 
-const ListRow* ListViewModel::Find(std::string_view key) const
+bool ListViewModel::Bold(std::size_t position) const
 {
-    const auto position = PositionOf(key);
-    return position ? &m_rows[*position] : nullptr;
+    return position < m_rows.size() && m_source.Bold(m_rows[position]);
 }
 
 bool ListViewModel::Select(std::string_view key)
 {
-    const bool found = PositionOf(key).has_value();
-    const std::string_view selected = found ? key : std::string_view();
-    if (m_selectedKey != selected)
+    const std::string before = std::exchange(m_selectedKey, key);
+    const bool found = SelectedPosition().has_value();
+    if (!found)
     {
-        m_selectedKey = selected;
+        m_selectedKey.clear();
+    }
+    if (m_selectedKey != before)
+    {
         Tell(&Observer::OnSelectionChanged);
     }
     return found;
 }
 
-const ListRow* ListViewModel::SelectedRow() const
+void ListViewModel::SelectAt(std::size_t position)
 {
-    return m_selectedKey.empty() ? nullptr : Find(m_selectedKey);
+    if (position < m_rows.size())
+    {
+        Select(m_source.Key(m_rows[position]));
+    }
 }
 
-void ListViewModel::ScrollTo(std::string_view key)
+std::optional<std::size_t> ListViewModel::SelectedPosition() const
 {
-    if (const auto position = PositionOf(key))
+    const auto found = std::ranges::find_if(
+        m_rows, [this](std::size_t row) { return m_source.Key(row) == m_selectedKey; });
+    if (m_selectedKey.empty() || found == m_rows.end())
     {
-        Tell(&Observer::OnScrollToRow, *position);
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(found - m_rows.begin());
+}
+
+std::optional<std::size_t> ListViewModel::SelectedRow() const
+{
+    const auto position = SelectedPosition();
+    return position ? std::optional(m_rows[*position]) : std::nullopt;
+}
+
+void ListViewModel::ScrollTo(std::optional<std::size_t> position)
+{
+    if (position && *position < m_rows.size())
+    {
+        Tell(&Observer::OnScrollTo, *position);
     }
 }
 
@@ -106,35 +118,21 @@ void ListViewModel::Sort(std::size_t column, SortOrder order)
     Tell(&Observer::OnRowsChanged);
 }
 
-std::optional<std::size_t> ListViewModel::PositionOf(std::string_view key) const
-{
-    const auto found = std::find_if(m_rows.begin(), m_rows.end(),
-                                    [=](const ListRow& row) { return row.key == key; });
-    if (found == m_rows.end())
-    {
-        return std::nullopt;
-    }
-    return static_cast<std::size_t>(found - m_rows.begin());
-}
-
 void ListViewModel::ApplySort()
 {
-    std::unordered_map<std::string_view, std::size_t> cameIn;
-    for (std::size_t i = 0; i < m_keysAsAdded.size(); ++i)
+    std::iota(m_rows.begin(), m_rows.end(), std::size_t{0});
+    if (m_sortedColumn == 0)
     {
-        cameIn.emplace(m_keysAsAdded[i], i);
+        return;
     }
-    std::sort(m_rows.begin(), m_rows.end(), [&](const ListRow& a, const ListRow& b) {
-        if (m_sortedColumn != 0)
-        {
-            const std::size_t cell = m_sortedColumn - 1;
-            const int difference = CompareNaturally(a.cells[cell], b.cells[cell]);
-            if (difference != 0)
-            {
-                return (difference < 0) == (m_order == SortOrder::Ascending);
-            }
-        }
-        return cameIn.at(a.key) < cameIn.at(b.key);
+    std::vector<std::string> texts;
+    for (const std::size_t row : m_rows)
+    {
+        texts.push_back(m_source.Text(row, m_sortedColumn));
+    }
+    std::ranges::stable_sort(m_rows, [&](std::size_t a, std::size_t b) {
+        const int difference = CompareNaturally(texts[a], texts[b]);
+        return m_order == SortOrder::Ascending ? difference < 0 : difference > 0;
     });
 }
 

@@ -15,14 +15,6 @@ enum class SortOrder
     Descending = 1,
 };
 
-/// One row of a list: its cells in column order.
-struct ListRow
-{
-    std::string key; ///< Unique in the list.
-    std::vector<std::string> cells;
-    bool bold = false; ///< The whole row.
-};
-
 struct ListColumn
 {
     std::string title;
@@ -31,9 +23,22 @@ struct ListColumn
     std::optional<SortOrder> mark; ///< The arrow in the header; none when not shown.
 };
 
+/// Whose rows a list shows. Rows are numbered from 0 as their owner keeps them; columns count from 1.
+class ListSource
+{
+  public:
+    virtual ~ListSource() = default;
+
+    [[nodiscard]] virtual std::size_t RowCount() const = 0;
+    [[nodiscard]] virtual std::string Key(std::size_t row) const = 0; ///< Unique in the list.
+    [[nodiscard]] virtual std::string Text(std::size_t row, std::size_t column) const = 0;
+    [[nodiscard]] virtual bool Bold(std::size_t row) const = 0; ///< The whole row.
+};
+
 /**
-    What a report-style list view holds, without drawing it: columns, rows, the selected row and the
-    sort state. An observer (the window's control) is told what changed. User-interface thread.
+    How a report-style list view shows its source's rows, without drawing it: columns, order, the
+    selected row. It keeps no texts: a row's owner is asked for them. An observer (the window's
+    control) is told what changed. "Position" is a row's place as shown. User-interface thread.
  */
 class ListViewModel
 {
@@ -46,57 +51,58 @@ class ListViewModel
         virtual void OnColumnsChanged() = 0; ///< Widths or marks.
         virtual void
         OnSelectionChanged() = 0; ///< Another row, or none, is selected, or it reads differently.
-        virtual void OnScrollToRow(std::size_t row) = 0; ///< Make the row visible.
+        virtual void OnScrollTo(std::size_t position) = 0; ///< Make the row visible.
     };
 
-    explicit ListViewModel(std::vector<ListColumn> columns);
+    /// @a source must outlive the model; it is first asked when RowsChanged() is called.
+    ListViewModel(std::vector<ListColumn> columns, const ListSource& source);
 
     /// One observer; nullptr for none. It must outlive the model or take itself off.
     void Observe(Observer* observer) { m_observer = observer; }
 
     [[nodiscard]] const std::vector<ListColumn>& Columns() const { return m_columns; }
-    [[nodiscard]] const std::vector<ListRow>& Rows() const { return m_rows; }
 
     /// Column numbers count from 1 here, as in the settings file.
     void SetColumnWidth(std::size_t column, float twips);
     void SetColumnMark(std::size_t column, std::optional<SortOrder> mark);
 
-    /// Replaces all rows, keeping the sort, and the selection when its row is still there. The
-    /// observer is told of both, since the selected row may read differently.
-    void SetRows(std::vector<ListRow> rows);
+    /// Takes the source's rows anew, keeping the sort, and the selection when its row is still there.
+    /// The observer is told of both, since the selected row may read differently.
+    void RowsChanged();
 
-    /// Rewrites one cell (column from 1) of the row with that key.
-    void SetCell(std::string_view key, std::size_t column, std::string text);
-
-    /// The row with that key, or nullptr. Valid until the rows change.
-    [[nodiscard]] const ListRow* Find(std::string_view key) const;
+    [[nodiscard]] std::size_t RowCount() const { return m_rows.size(); }
+    [[nodiscard]] std::string Text(std::size_t position, std::size_t column) const;
+    [[nodiscard]] bool Bold(std::size_t position) const;
 
     /// Selects the row with that key; no such row: selects none. Returns whether there is one.
     bool Select(std::string_view key);
-    [[nodiscard]] const ListRow* SelectedRow() const;
+    void SelectAt(std::size_t position);
 
-    /// Asks that the row with that key be made visible.
-    void ScrollTo(std::string_view key);
+    /// The selected row's position, and its number in the source.
+    [[nodiscard]] std::optional<std::size_t> SelectedPosition() const;
+    [[nodiscard]] std::optional<std::size_t> SelectedRow() const;
+
+    /// Asks that the row be made visible; nothing where there is none.
+    void ScrollTo(std::optional<std::size_t> position);
 
     [[nodiscard]] SortOrder Order() const { return m_order; }
 
-    /// 0: rows stay in the order they came in.
+    /// 0: rows stay in the source's order.
     [[nodiscard]] std::size_t SortedColumn() const { return m_sortedColumn; }
 
     /// Sorts by a column (from 1; 0 for none). Numbers inside texts compare as numbers, so that
-    /// "10.00.1" follows "8.02.15"; equal rows keep the order they came in.
+    /// "10.00.1" follows "8.02.15"; equal rows keep the source's order.
     void Sort(std::size_t column, SortOrder order);
 
   private:
-    [[nodiscard]] std::optional<std::size_t> PositionOf(std::string_view key) const;
     void ApplySort();
     template <typename... Arguments>
     void Tell(void (Observer::*event)(Arguments...), Arguments... arguments) const;
 
     std::vector<ListColumn> m_columns;
-    std::vector<ListRow> m_rows;
-    std::vector<std::string> m_keysAsAdded;
-    std::string m_selectedKey; ///< Empty: none.
+    const ListSource& m_source;
+    std::vector<std::size_t> m_rows; ///< The source's number of the row at each position.
+    std::string m_selectedKey;       ///< Empty: none.
     SortOrder m_order = SortOrder::Ascending;
     std::size_t m_sortedColumn = 0;
     Observer* m_observer = nullptr;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <functional>
+#include "controls/Observers.h"
+
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace velmo
 {
@@ -12,20 +12,17 @@ namespace velmo
 class StatusBoxModel
 {
   public:
-    /// Called after each change; empty for nobody.
-    void Observe(std::function<void()> changed) { m_changed = std::move(changed); }
-
     void AddLine(std::string_view line);
     void Clear();
 
     /// All lines, each ended by CR LF.
     [[nodiscard]] const std::string& Text() const { return m_text; }
 
-  private:
-    void Tell() const;
+    [[nodiscard]] Observers& Changed() { return m_changed; }
 
+  private:
     std::string m_text;
-    std::function<void()> m_changed;
+    Observers m_changed;
 };
 
 } // namespace velmo

@@ -1,5 +1,8 @@
 #include "download/InternetErrorText.h"
 
+#include "platform/ErrorCode.h"
+#include "text/Utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -60,25 +63,13 @@ constexpr std::array kSentences{
     Sentence{12036, "Request failed because the handle already exists."},
 };
 
-constexpr std::int32_t kServerSaysWhy = 12003;
 constexpr std::size_t kMostCharacters = 256;
-
-/// The first characters of UTF-8 text; bytes that continue a character count with it.
-std::string_view FirstCharacters(std::string_view text, std::size_t most)
-{
-    std::size_t count = 0;
-    const auto end = std::find_if(text.begin(), text.end(), [&](char c) {
-        const bool continues = (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-        return !continues && ++count > most;
-    });
-    return text.substr(0, static_cast<std::size_t>(end - text.begin()));
-}
 
 } // namespace
 
 std::string InternetErrorText(std::int32_t code, std::string_view serverResponse)
 {
-    if (code == kServerSaysWhy)
+    if (code == error_code::kServerSaysWhy)
     {
         const std::string_view said =
             FirstCharacters(serverResponse.substr(0, serverResponse.find('\0')), kMostCharacters);

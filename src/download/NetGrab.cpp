@@ -3,7 +3,6 @@
 #include "platform/MFile.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <limits>
 #include <utility>
@@ -11,7 +10,7 @@
 namespace velmo
 {
 
-NetGrab::NetGrab(platform::MessageLoop& loop, Listener& listener, TickSource ticks,
+NetGrab::NetGrab(platform::MessageLoop& loop, Listener& listener, platform::TickSource ticks,
                  const platform::HttpLimits& limits)
     : m_loop(loop), m_listener(listener), m_ticks(std::move(ticks)), m_limits(limits)
 {}
@@ -45,7 +44,7 @@ void NetGrab::DownloadStart(const std::string& url, std::int32_t /*mode*/)
     m_duration = 0;
     m_startTick = std::max(m_ticks(), 1U);       // 0 would read as idle.
     platform::AsyncRead::Listener& self = *this; // Only members may take the control for one.
-    m_read = std::make_unique<platform::AsyncRead>(m_loop, url, m_limits, self);
+    m_read = std::make_unique<platform::AsyncRead>(m_loop, url, m_limits, self, m_ticks);
 }
 
 bool NetGrab::SaveAs(const std::string& fileName)
@@ -61,13 +60,6 @@ bool NetGrab::SaveAs(const std::string& fileName)
         fileName, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     m_lastSaveFailure = written ? Error{} : written.Failure();
     return written.Ok();
-}
-
-std::uint32_t NetGrab::SteadyTicks()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<std::uint32_t>(
-        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
 }
 
 void NetGrab::ReadProgress(std::size_t count)

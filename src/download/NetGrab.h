@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -37,10 +36,8 @@ class NetGrab final : private platform::AsyncRead::Listener
         virtual void DownloadProgress(std::int32_t nBytes) = 0;
     };
 
-    /// Milliseconds since some start, wrapping round at 2^32.
-    using TickSource = std::function<std::uint32_t()>;
-
-    NetGrab(platform::MessageLoop& loop, Listener& listener, TickSource ticks = SteadyTicks,
+    NetGrab(platform::MessageLoop& loop, Listener& listener,
+            platform::TickSource ticks = platform::SteadyTicks,
             const platform::HttpLimits& limits = {});
     ~NetGrab() override;
 
@@ -70,16 +67,13 @@ class NetGrab final : private platform::AsyncRead::Listener
     /// The system's reason of the last SaveAs() that could not write; code 0 when none failed so.
     [[nodiscard]] const Error& LastSaveFailure() const { return m_lastSaveFailure; }
 
-    /// The usual tick source: a clock that no change of the time of day moves.
-    [[nodiscard]] static std::uint32_t SteadyTicks();
-
   private:
     void ReadProgress(std::size_t count) override;
     void ReadComplete(std::size_t count, const Result<Done>& outcome) override;
 
     platform::MessageLoop& m_loop;
     Listener& m_listener;
-    TickSource m_ticks;
+    platform::TickSource m_ticks;
     platform::HttpLimits m_limits;
     std::uint32_t m_startTick = 0; ///< 0 = idle.
     std::int32_t m_byteCount = 0;

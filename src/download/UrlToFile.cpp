@@ -1,90 +1,79 @@
 #include "download/UrlToFile.h"
 
 #include "platform/AsyncRead.h"
+#include "platform/ErrorCode.h"
 #include "platform/MFile.h"
 
-#include <optional>
-#include <string_view>
+#include <algorithm>
+#include <utility>
 
 namespace velmo
 {
 namespace
 {
 
-Result<Done> TooLate()
-{
-    constexpr std::int32_t kTimedOut = 12002;
-    return Error{kTimedOut, "The time for downloads was over."};
-}
-
 /// Keeps the outcome until the loop comes back to whoever waits for it.
-class Waiter final : public platform::AsyncRead::Listener
+struct Waiter final : platform::AsyncRead::Listener
 {
-  public:
     void ReadProgress(std::size_t) override {}
 
-    void ReadComplete(std::size_t count, const Result<Done>& outcome) override
+    void ReadComplete(std::size_t bytes, const Result<Done>& how) override
     {
-        m_count = count;
-        m_outcome = outcome;
+        count = bytes;
+        outcome = how;
     }
 
-    [[nodiscard]] bool IsDone() const { return m_outcome.has_value(); }
-    [[nodiscard]] std::size_t Count() const { return m_count; }
-    [[nodiscard]] const Result<Done>& Outcome() const { return *m_outcome; }
-
-  private:
-    std::size_t m_count = 0;
-    std::optional<Result<Done>> m_outcome;
+    std::size_t count = 0;
+    std::optional<Result<Done>> outcome;
 };
-
-platform::HttpLimits LimitsFor(std::uint64_t mostBytes)
-{
-    platform::HttpLimits limits;
-    limits.mostBytes = mostBytes;
-    return limits;
-}
 
 } // namespace
 
-UrlToFile::UrlToFile(platform::MessageLoop& loop, std::uint64_t mostBytes)
-    : UrlToFile(loop, LimitsFor(mostBytes))
+UrlToFile::UrlToFile(platform::MessageLoop& loop, const platform::HttpLimits& limits, Clock now)
+    : m_loop(loop), m_limits(limits), m_now(std::move(now))
 {}
 
-UrlToFile::UrlToFile(platform::MessageLoop& loop, const platform::HttpLimits& limits)
-    : m_loop(loop), m_limits(limits)
-{}
-
-bool UrlToFile::Download(const std::string& url, const std::string& path)
+Result<std::string> UrlToFile::Read(const std::string& url)
 {
-    const Result<Done> outcome = TimeIsOver() ? TooLate() : DownloadInTime(url, path);
-    m_lastError = outcome ? Error{} : outcome.Failure();
-    return outcome.Ok();
-}
-
-Result<Done> UrlToFile::DownloadInTime(const std::string& url, const std::string& path)
-{
+    platform::HttpLimits limits = m_limits;
+    if (m_end)
+    {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*m_end - m_now());
+        limits.wholeTimeout = std::min(limits.wholeTimeout, left);
+        if (left.count() <= 0)
+        {
+            return Error{error_code::kTimedOut, "The time for downloads was over."};
+        }
+    }
     Waiter waiter;
-    platform::AsyncRead read(m_loop, url, m_limits, waiter);
-    m_loop.RunUntil([&] { return waiter.IsDone() || TimeIsOver(); });
-    if (!waiter.IsDone())
+    platform::AsyncRead read(m_loop, url, limits, waiter);
+    m_running = &read;
+    m_loop.RunUntil([&] { return waiter.outcome.has_value(); });
+    m_running = nullptr;
+    if (waiter.outcome->Ok() && waiter.count == 0)
     {
-        return TooLate();
+        return Error{error_code::kInvalidData, "The server sent an empty file."};
     }
-    if (!waiter.Outcome())
-    {
-        return waiter.Outcome();
-    }
-    const auto bytes = read.Bytes()->First(waiter.Count());
-    // Lists are fetched anew in each program run.
-    return platform::MFile::WriteAll(path,
-                                     {reinterpret_cast<const char*>(bytes.data()), bytes.size()},
-                                     platform::MFile::Keeping::Passing);
+    return waiter.outcome->Then([&](Done) {
+        const auto bytes = read.Bytes()->First(waiter.count);
+        return std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    });
 }
 
-bool UrlToFile::TimeIsOver() const
+Result<Done> UrlToFile::Download(const std::string& url, const std::string& path)
 {
-    return m_end && std::chrono::steady_clock::now() >= *m_end;
+    return Read(url).Then([&](const std::string& bytes) {
+        // Lists are fetched anew in each program run.
+        return platform::MFile::WriteAll(path, bytes, platform::MFile::Keeping::Passing);
+    });
+}
+
+void UrlToFile::Cancel()
+{
+    if (m_running != nullptr)
+    {
+        m_running->Cancel();
+    }
 }
 
 } // namespace velmo

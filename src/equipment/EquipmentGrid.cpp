@@ -1,10 +1,10 @@
 #include "equipment/EquipmentGrid.h"
 
-#include "download/ByteSizeText.h"
-#include "equipment/ManufacturerEntry.h"
-#include "settings/LenientNumber.h"
+#include "text/ByteSizeText.h"
 
 #include <algorithm>
+#include <span>
+#include <utility>
 #include <vector>
 
 namespace velmo
@@ -82,31 +82,10 @@ constexpr std::array<ColumnForm, kEquipmentColumns> kColumnForms{{
 }};
 static_assert(Index(EquipmentColumn::FirstKind) + kEquipmentKindKeys.size() == kEquipmentColumns);
 
-constexpr Colour kWhite{255, 255, 255};
 constexpr Colour kLightGreen{192, 220, 192};
 constexpr Colour kCream{255, 251, 240};
+constexpr Colour kBlack{};
 constexpr Colour kBlue{0, 0, 255};
-
-/// The columns that belong to a column of boxes.
-struct TickedColumns
-{
-    EquipmentColumn setup;
-    EquipmentColumn bytes;
-    EquipmentColumn installed;
-    EquipmentColumn needsUpdate;
-};
-
-constexpr TickedColumns kDatabaseColumns{
-    EquipmentColumn::DatabaseSetup, EquipmentColumn::DatabaseBytes,
-    EquipmentColumn::DatabaseInstalled, EquipmentColumn::DatabaseNeedsUpdate};
-constexpr TickedColumns kPictureColumns{
-    EquipmentColumn::PictureSetup, EquipmentColumn::PicturesBytes,
-    EquipmentColumn::PicturesInstalled, EquipmentColumn::PicturesNeedUpdate};
-
-const TickedColumns& ColumnsOf(EquipmentColumn ticks)
-{
-    return ticks == EquipmentColumn::InstallDatabase ? kDatabaseColumns : kPictureColumns;
-}
 
 std::vector<GridColumn> Columns()
 {
@@ -119,182 +98,206 @@ std::vector<GridColumn> Columns()
     return columns;
 }
 
-std::string SizeText(const std::string& bytes)
+std::string BytesText(double bytes)
 {
-    return ByteSizeText(LenientNumber(bytes));
+    constexpr double kMost = 1e15;
+    return std::to_string(static_cast<std::int64_t>(std::clamp(bytes, -kMost, kMost)));
 }
 
-std::vector<GridCell> Cells(const ManufacturerEntry& entry)
+const char* StatusText(EquipmentStatus status)
 {
-    const bool hasPictures = entry.InstallPictures != TickState::None;
-    std::vector<GridCell> cells{
-        {entry.SectionName},
-        {entry.DatabaseSetupFile},
-        {"", entry.InstallDatabase},
-        {entry.PictureSetupFile},
-        {hasPictures ? "" : " ", entry.InstallPictures},
-        {SizeText(entry.DatabaseSetupSize)},
-        {entry.DatabaseSetupSize},
-        {SizeText(entry.PictureSetupSize)},
-        {entry.PictureSetupSize},
-        {entry.ManufacturerName},
-        {entry.DatabaseFile},
-        {entry.DatabaseInstalledDate},
-        {entry.DatabaseLatestDate},
-        {entry.DatabaseNeedsUpdate},
-        {entry.PicturesInstalledDate},
-        {entry.PicturesLatestDate},
-        {entry.PicturesNeedUpdate},
-    };
-    cells.reserve(kEquipmentColumns);
-    for (const std::string& kind : entry.EquipmentKinds)
+    switch (status)
     {
-        cells.push_back({kind});
+    case EquipmentStatus::Undecided:
+        return "-";
+    case EquipmentStatus::UpToDate:
+        return "No";
+    case EquipmentStatus::NeedsUpdate:
+        break;
     }
-    return cells;
+    return "Yes";
 }
 
-DownloadSelection Ticked(const GridModel& model, EquipmentColumn ticks)
+/// The member behind a column of boxes.
+TickState EquipmentRow::*BoxOf(EquipmentColumn column)
 {
-    const TickedColumns& columns = ColumnsOf(ticks);
-    DownloadSelection selection;
-    for (std::size_t row = 0; row < model.Rows().size(); ++row)
-    {
-        const std::string& file = model.Text(row, Index(columns.setup));
-        if (model.Tick(row, Index(ticks)) != TickState::Ticked || file.empty())
-        {
-            continue;
-        }
-        const double bytes = LenientNumber(model.Text(row, Index(columns.bytes)));
-        if (selection.files.Add(file, bytes, file) != nullptr)
-        {
-            selection.bytes += bytes;
-        }
-    }
-    return selection;
+    return column == EquipmentColumn::InstallDatabase ? &EquipmentRow::InstallDatabase
+                                                      : &EquipmentRow::InstallPictures;
 }
 
 } // namespace
 
-EquipmentGrid::EquipmentGrid() : m_model(Columns()), m_band(kWhite)
+EquipmentGrid::EquipmentGrid() : m_model(Columns(), *this) {}
+
+void EquipmentGrid::Show(EquipmentRows rows)
 {
+    if (rows.list && rows.list == m_rows.list)
+    {
+        for (std::size_t row = 0; row < rows.rows.size(); ++row)
+        {
+            rows.rows[row].InstallDatabase = m_rows.rows[row].InstallDatabase;
+            rows.rows[row].InstallPictures = m_rows.rows[row].InstallPictures;
+        }
+    }
+    m_rows = std::move(rows);
+    m_model.RowsChanged();
     RefreshSummary();
 }
 
-void EquipmentGrid::Clear()
+const EquipmentSection& EquipmentGrid::SectionOf(const EquipmentRow& row) const
 {
-    m_previousSection.clear();
-    m_band = kWhite;
-    m_model.Clear();
+    return m_rows.sections.at(row.section);
 }
 
-void EquipmentGrid::AddRow(const ManufacturerEntry& entry)
+std::string EquipmentGrid::Text(std::size_t row, EquipmentColumn column) const
 {
-    if (entry.SectionName != m_previousSection)
+    const EquipmentRow& content = m_rows.rows.at(row);
+    const InstalledVersion& pictures = SectionOf(content).pictures;
+    const ManufacturerSection& section = *SectionOf(content).listed;
+    const ManufacturerEntry& entry = *content.listed;
+    switch (column)
     {
-        m_band = m_band == kLightGreen ? kCream : kLightGreen;
-        m_previousSection = entry.SectionName;
+    case EquipmentColumn::SectionName:
+        return std::string(section.SectionName);
+    case EquipmentColumn::DatabaseSetup:
+        return section.DatabaseSetupFile;
+    case EquipmentColumn::InstallDatabase:
+        return {};
+    case EquipmentColumn::PictureSetup:
+        return section.PictureSetupFile;
+    case EquipmentColumn::InstallPictures:
+        return content.InstallPictures == TickState::None ? " " : "";
+    case EquipmentColumn::DatabaseSize:
+        return ByteSizeText(section.DatabaseSetupSize);
+    case EquipmentColumn::DatabaseBytes:
+        return BytesText(section.DatabaseSetupSize);
+    case EquipmentColumn::PicturesSize:
+        return ByteSizeText(section.PictureSetupSize);
+    case EquipmentColumn::PicturesBytes:
+        return BytesText(section.PictureSetupSize);
+    case EquipmentColumn::Manufacturer:
+        return std::string(entry.ManufacturerName);
+    case EquipmentColumn::DatabaseFile:
+        return std::string(entry.DatabaseFile);
+    case EquipmentColumn::DatabaseInstalled:
+        return content.installed.Text();
+    case EquipmentColumn::DatabaseLatest:
+        return std::string(entry.DatabaseLatestDate);
+    case EquipmentColumn::DatabaseNeedsUpdate:
+        return StatusText(content.installed.status);
+    case EquipmentColumn::PicturesInstalled:
+        return pictures.Text();
+    case EquipmentColumn::PicturesLatest:
+        return section.PicturesLatestDate.empty() ? " " : std::string(section.PicturesLatestDate);
+    case EquipmentColumn::PicturesNeedUpdate:
+        return StatusText(pictures.status);
+    default:
+        return std::string(
+            entry.EquipmentKinds.at(Index(column) - Index(EquipmentColumn::FirstKind)));
     }
-    GridRow row{Cells(entry), m_band, {}, false};
-    const bool databaseNeedsUpdate = entry.DatabaseNeedsUpdate == "Yes";
-    if (databaseNeedsUpdate || entry.PicturesNeedUpdate == "Yes")
-    {
-        row.bold = true;
-        row.textColour = databaseNeedsUpdate ? Colour{} : kBlue;
-    }
-    m_model.Append(std::move(row));
 }
 
-const std::string& EquipmentGrid::Text(std::size_t row, EquipmentColumn column) const
+std::string EquipmentGrid::Text(std::size_t row, std::size_t column) const
 {
-    return m_model.Text(row, Index(column));
+    return Text(row, static_cast<EquipmentColumn>(column));
+}
+
+TickState EquipmentGrid::Tick(std::size_t row, std::size_t column) const
+{
+    return m_model.Columns().at(column).ticks
+               ? m_rows.rows.at(row).*BoxOf(static_cast<EquipmentColumn>(column))
+               : TickState::None;
+}
+
+GridLook EquipmentGrid::Look(std::size_t row) const
+{
+    const EquipmentRow& content = m_rows.rows.at(row);
+    const bool database = content.installed.status == EquipmentStatus::NeedsUpdate;
+    const bool pictures = SectionOf(content).pictures.status == EquipmentStatus::NeedsUpdate;
+    return {content.section % 2 == 0 ? kLightGreen : kCream, pictures && !database ? kBlue : kBlack,
+            database || pictures};
+}
+
+GridSpan EquipmentGrid::Group(std::size_t row) const
+{
+    return SectionOf(m_rows.rows.at(row)).rows;
 }
 
 bool EquipmentGrid::Toggle(std::size_t row, std::size_t column)
 {
-    const bool isTicked = m_model.Tick(row, column) == TickState::Ticked;
-    const bool changed =
-        m_model.SetTick(row, column, isTicked ? TickState::Unticked : TickState::Ticked);
-    if (changed)
+    const TickState now = Tick(row, column);
+    if (now == TickState::None)
     {
-        RefreshSummary();
+        return false;
     }
-    return changed;
+    m_rows.rows[row].*BoxOf(static_cast<EquipmentColumn>(column)) =
+        now == TickState::Ticked ? TickState::Unticked : TickState::Ticked;
+    m_model.CellChanged(row, column);
+    RefreshSummary();
+    return true;
+}
+
+bool EquipmentGrid::IsWanted(const EquipmentRow& row, const MarkCommand& command) const
+{
+    const InstalledVersion& installed = command.column == EquipmentColumn::InstallDatabase
+                                            ? row.installed
+                                            : SectionOf(row).pictures;
+    return installed.status == EquipmentStatus::NeedsUpdate ||
+           (command.rule == MarkRule::AllExceptUpToDate &&
+            installed.state == InstalledVersion::State::None);
 }
 
 void EquipmentGrid::Run(const MarkCommand& command)
 {
-    const auto everyRow = [](std::size_t) { return true; };
-    switch (command.rule)
+    const bool ticksAll = command.rule == MarkRule::All;
+    const bool clearsAll = command.rule == MarkRule::None;
+    for (const EquipmentSection& section : m_rows.sections)
     {
-    case MarkRule::All:
-        m_model.SetTicks(Index(command.column), TickState::Ticked, everyRow);
-        break;
-    case MarkRule::None:
-        m_model.SetTicks(Index(command.column), TickState::Unticked, everyRow);
-        break;
-    case MarkRule::NeedUpdating:
-    case MarkRule::AllExceptUpToDate:
-        TickSections(command);
-        break;
+        const std::span rows(&m_rows.rows[section.rows.first], section.rows.count);
+        if (!ticksAll && !clearsAll &&
+            std::ranges::none_of(rows, [&](const auto& row) { return IsWanted(row, command); }))
+        {
+            continue;
+        }
+        for (EquipmentRow& row : rows)
+        {
+            TickState& box = row.*BoxOf(command.column);
+            box = box == TickState::None ? box
+                  : clearsAll            ? TickState::Unticked
+                                         : TickState::Ticked;
+        }
     }
+    m_model.ColumnChanged(Index(command.column));
     RefreshSummary();
 }
 
-bool EquipmentGrid::IsWanted(std::size_t row, const MarkCommand& command) const
+SetupFiles EquipmentGrid::Ticked(EquipmentColumn column) const
 {
-    const TickedColumns& columns = ColumnsOf(command.column);
-    return Text(row, columns.needsUpdate) == "Yes" ||
-           (command.rule == MarkRule::AllExceptUpToDate && Text(row, columns.installed) == "-");
-}
-
-std::size_t EquipmentGrid::EndOfSection(std::size_t row) const
-{
-    const std::string& section = Text(row, EquipmentColumn::SectionName);
-    std::size_t end = row;
-    while (end < m_model.Rows().size() && Text(end, EquipmentColumn::SectionName) == section)
+    const bool isDatabase = column == EquipmentColumn::InstallDatabase;
+    SetupFiles setups;
+    for (const EquipmentRow& row : m_rows.rows)
     {
-        ++end;
-    }
-    return end;
-}
-
-void EquipmentGrid::TickSections(const MarkCommand& command)
-{
-    std::vector<bool> wanted(m_model.Rows().size());
-    for (std::size_t first = 0; first < wanted.size();)
-    {
-        const std::size_t end = EndOfSection(first);
-        bool any = false;
-        for (std::size_t row = first; row < end; ++row)
+        if (row.*BoxOf(column) == TickState::Ticked)
         {
-            any = any || IsWanted(row, command);
+            const ManufacturerSection& section = *SectionOf(row).listed;
+            setups.Add(isDatabase ? section.DatabaseSetupFile : section.PictureSetupFile,
+                       isDatabase ? section.DatabaseSetupSize : section.PictureSetupSize);
         }
-        std::fill(wanted.begin() + static_cast<std::ptrdiff_t>(first),
-                  wanted.begin() + static_cast<std::ptrdiff_t>(end), any);
-        first = end;
     }
-    m_model.SetTicks(Index(command.column), TickState::Ticked,
-                     [&](std::size_t row) { return wanted[row]; });
+    return setups;
 }
 
-DownloadSelection EquipmentGrid::TickedDatabases() const
+std::string EquipmentGrid::Summary() const
 {
-    return Ticked(m_model, EquipmentColumn::InstallDatabase);
+    const SetupFiles databases = Ticked(EquipmentColumn::InstallDatabase);
+    const SetupFiles pictures = Ticked(EquipmentColumn::InstallPictures);
+    return "DB: " + std::to_string(databases.files.Count()) +
+           ", Pic: " + std::to_string(pictures.files.Count()) + ", " +
+           ByteSizeText(databases.bytes + pictures.bytes);
 }
 
-DownloadSelection EquipmentGrid::TickedPictures() const
+void EquipmentGrid::RefreshSummary() const
 {
-    return Ticked(m_model, EquipmentColumn::InstallPictures);
-}
-
-void EquipmentGrid::RefreshSummary()
-{
-    const DownloadSelection databases = TickedDatabases();
-    const DownloadSelection pictures = TickedPictures();
-    m_summary = "DB: " + std::to_string(databases.files.Count()) +
-                ", Pic: " + std::to_string(pictures.files.Count()) + ", " +
-                ByteSizeText(databases.bytes + pictures.bytes);
     if (m_refreshed)
     {
         m_refreshed();

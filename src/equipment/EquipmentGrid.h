@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/GridModel.h"
-#include "equipment/CDownloadFiles.h"
+#include "equipment/EquipmentRow.h"
+#include "install/InstallOrder.h"
 
 #include <array>
 #include <cstddef>
@@ -12,8 +12,6 @@
 
 namespace velmo
 {
-
-struct ManufacturerEntry;
 
 /// Columns of the equipment grid.
 enum class EquipmentColumn : std::size_t
@@ -67,34 +65,27 @@ struct MarkCommand
 /// The commands in the order of their menu.
 extern const std::array<MarkCommand, 8> kMarkCommands;
 
-/// Files to download and the sum of their sizes in bytes.
-struct DownloadSelection
-{
-    CDownloadFiles files;
-    double bytes = 0;
-};
-
 /**
     The equipment grid: a row for each database of the manufacturer list, boxes to tick what shall be
-    installed, and the commands that tick them. What is ticked is known by the grid's cells alone.
-    User-interface thread.
+    installed, and the commands that tick them. It owns the rows, ticks included, and the grid's model
+    asks it for what they look like. User-interface thread.
  */
-class EquipmentGrid
+class EquipmentGrid final : private GridSource
 {
   public:
     EquipmentGrid();
+    EquipmentGrid(const EquipmentGrid&) = delete;
+    EquipmentGrid& operator=(const EquipmentGrid&) = delete;
 
     [[nodiscard]] GridModel& Model() { return m_model; }
     [[nodiscard]] const GridModel& Model() const { return m_model; }
+    [[nodiscard]] const EquipmentRows& Rows() const { return m_rows; }
 
-    /// Removes all rows; the next one begins the bands of colour anew.
-    void Clear();
+    /// Shows other rows. Those of the list that is shown already keep their ticks.
+    void Show(EquipmentRows rows);
 
-    /// Adds a row at the bottom. Sections alternate between two background colours; rows that need an
-    /// update are bold, those that need it for their pictures only are blue.
-    void AddRow(const ManufacturerEntry& entry);
-
-    [[nodiscard]] const std::string& Text(std::size_t row, EquipmentColumn column) const;
+    /// The one text that a row's cell has, wherever it is shown.
+    [[nodiscard]] std::string Text(std::size_t row, EquipmentColumn column) const;
 
     /// The user ticks or unticks one box. Returns false where there is none.
     bool Toggle(std::size_t row, std::size_t column);
@@ -103,25 +94,28 @@ class EquipmentGrid
     /// AllExceptUpToDate; a box that is ticked already stays so.
     void Run(const MarkCommand& command);
 
-    [[nodiscard]] DownloadSelection TickedDatabases() const;
-    [[nodiscard]] DownloadSelection TickedPictures() const;
+    /// The setups of what is ticked in a column of boxes, without their title and folder.
+    [[nodiscard]] SetupFiles Ticked(EquipmentColumn column) const;
 
     /// What is ticked, e.g. "DB: 2, Pic: 1, 3.4 MB".
-    [[nodiscard]] const std::string& Summary() const { return m_summary; }
-    void RefreshSummary();
+    [[nodiscard]] std::string Summary() const;
 
-    /// Called after each refresh of the summary; empty for nobody.
+    /// Called each time that the summary may have changed; empty for nobody.
     void ObserveSummary(std::function<void()> refreshed) { m_refreshed = std::move(refreshed); }
 
   private:
-    [[nodiscard]] bool IsWanted(std::size_t row, const MarkCommand& command) const;
-    [[nodiscard]] std::size_t EndOfSection(std::size_t row) const;
-    void TickSections(const MarkCommand& command);
+    [[nodiscard]] std::size_t RowCount() const override { return m_rows.rows.size(); }
+    [[nodiscard]] std::string Text(std::size_t row, std::size_t column) const override;
+    [[nodiscard]] TickState Tick(std::size_t row, std::size_t column) const override;
+    [[nodiscard]] GridLook Look(std::size_t row) const override;
+    [[nodiscard]] GridSpan Group(std::size_t row) const override;
 
+    [[nodiscard]] const EquipmentSection& SectionOf(const EquipmentRow& row) const;
+    [[nodiscard]] bool IsWanted(const EquipmentRow& row, const MarkCommand& command) const;
+    void RefreshSummary() const;
+
+    EquipmentRows m_rows;
     GridModel m_model;
-    std::string m_previousSection;
-    Colour m_band;
-    std::string m_summary;
     std::function<void()> m_refreshed;
 };
 

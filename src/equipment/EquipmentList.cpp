@@ -3,12 +3,11 @@
 #include "catalogue/CVelmoProgramCommunicator.h"
 #include "catalogue/LocatorTable.h"
 #include "controls/UserPrompts.h"
-#include "equipment/InstalledDatabase.h"
-#include "equipment/InstalledPictures.h"
-#include "equipment/PlainFileName.h"
-#include "equipment/UnitedStatesDate.h"
 #include "platform/MFile.h"
+#include "platform/UserLocale.h"
 #include "settings/DiagnosticLog.h"
+#include "text/PlainFileName.h"
+#include "text/TextCase.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -26,34 +25,49 @@ constexpr const char* kNothingTicked =
 constexpr const char* kNothingTickedTitle = "No Boxes Checked";
 
 /// Whether the system may take the name for a file that is spelt otherwise, beyond the case of A to Z.
-bool MayHaveOtherSpellings(const std::string& name)
+bool MayHaveOtherSpellings(std::string_view name)
 {
     return std::ranges::any_of(
         name, [](char c) { return c == '~' || static_cast<unsigned char>(c) >= 0x80U; });
 }
 
-/// Switches redrawing off while it lives.
-class RedrawOff
+/// The lines that one look at what is installed leaves in the log: the first of them, and how many more.
+class BoundedLog
 {
   public:
-    explicit RedrawOff(GridModel& model) : m_model(model) { m_model.SetRedraw(false); }
-    RedrawOff(const RedrawOff&) = delete;
-    RedrawOff& operator=(const RedrawOff&) = delete;
-    ~RedrawOff() { m_model.SetRedraw(true); }
+    explicit BoundedLog(DiagnosticLog& log) : m_log(log) {}
+    BoundedLog(const BoundedLog&) = delete;
+    BoundedLog& operator=(const BoundedLog&) = delete;
+    ~BoundedLog()
+    {
+        if (m_count > kMost)
+        {
+            m_log.Write("The same of " + std::to_string(m_count - kMost) + " more");
+        }
+    }
+
+    void Write(const std::string& line)
+    {
+        if (++m_count <= kMost)
+        {
+            m_log.Write(line);
+        }
+    }
 
   private:
-    GridModel& m_model;
-};
+    static constexpr std::size_t kMost = 20;
 
-} // namespace
+    DiagnosticLog& m_log;
+    std::size_t m_count = 0;
+};
 
 /// Looks at what is installed in the data folder. Its files are listed once, since most databases of
 /// a list are not there and asking for each of them would take longer than all the rest.
-class EquipmentList::Inspection
+class Inspection
 {
   public:
     Inspection(std::string dataFolder, std::chrono::year thisYear, DiagnosticLog& log)
-        : m_dataFolder(std::move(dataFolder)), m_thisYear(thisYear), m_log(log)
+        : m_dataFolder(std::move(dataFolder)), m_thisYear(thisYear), m_log(log), m_findings(log)
     {
         if (!m_dataFolder.empty())
         {
@@ -64,48 +78,110 @@ class EquipmentList::Inspection
         }
     }
 
-    [[nodiscard]] InstalledPictures Pictures(const CSectionData& section) const
+    [[nodiscard]] EquipmentRows Of(std::shared_ptr<const ManufacturerList> list)
     {
-        const auto group = ListedPictures(section, m_dataFolder + "EquipPic\\");
-        if (!group)
+        EquipmentRows found;
+        for (const ManufacturerSection& section : list->sections)
         {
-            return {};
+            if (!section.entries.empty())
+            {
+                Add(section, found);
+            }
         }
-        if (m_dataFolder.empty() || !IsPlain(section.Name))
-        {
-            return {"-", group->latestDate.empty() ? " " : group->latestDate, "-"};
-        }
-        return InspectPictures(*group, m_thisYear, m_log);
-    }
-
-    [[nodiscard]] InstalledDatabase Database(const ManufacturerEntry& entry) const
-    {
-        const std::string& file = entry.DatabaseFile;
-        const bool mayExist = MayHaveOtherSpellings(file) || m_fileNames.contains(LowerCase(file));
-        if (m_dataFolder.empty() || !IsPlain(file) || !mayExist)
-        {
-            return {};
-        }
-        return InspectDatabase(m_dataFolder + file, entry.DatabaseLatestDate, m_thisYear, m_log);
+        found.list = std::move(list);
+        return found;
     }
 
   private:
-    [[nodiscard]] bool IsPlain(const std::string& name) const
+    void Add(const ManufacturerSection& section, EquipmentRows& found)
     {
-        if (!IsPlainFileName(name))
+        EquipmentRow row;
+        row.section = found.sections.size();
+        row.InstallPictures =
+            section.PictureSetupFile.empty() ? TickState::None : TickState::Unticked;
+        found.sections.push_back(
+            {&section, Pictures(section), {found.rows.size(), section.entries.size()}});
+        for (const ManufacturerEntry& entry : section.entries)
         {
-            m_log.Write("The manufacturer list's name \"" + name +
-                        "\" is no plain file name and is not looked for");
-            return false;
+            row.listed = &entry;
+            row.installed = Database(entry);
+            found.rows.push_back(row);
         }
-        return true;
+    }
+
+    [[nodiscard]] InstalledVersion Pictures(const ManufacturerSection& section)
+    {
+        if (section.PictureSetupFile.empty() || m_dataFolder.empty() ||
+            !IsPlain(section.SectionName))
+        {
+            return {};
+        }
+        const std::string name(section.SectionName);
+        return InspectPictures({name, m_dataFolder + "EquipPic\\" + name + "\\",
+                                section.PicturesLatestDate, section.DateCheckerPictureFile},
+                               m_thisYear, m_log);
+    }
+
+    [[nodiscard]] InstalledVersion Database(const ManufacturerEntry& entry)
+    {
+        const std::string file(entry.DatabaseFile);
+        InstalledVersion installed;
+        if (!IsPlain(file))
+        {
+            installed.failure = "The list's name of the file is no plain file name.";
+        }
+        else if (m_dataFolder.empty())
+        {
+            installed.failure = "The folder of the databases is not known.";
+        }
+        else if (MayHaveOtherSpellings(file) || m_fileNames.contains(LowerCase(file)))
+        {
+            installed = InspectDatabase(m_dataFolder + file, entry.DatabaseLatestDate, m_thisYear);
+            if (!installed.failure.empty())
+            {
+                m_findings.Write("Reading the release date of " + m_dataFolder + file + ": " +
+                                 installed.failure);
+            }
+        }
+        return installed;
+    }
+
+    [[nodiscard]] bool IsPlain(std::string_view name)
+    {
+        const bool isPlain = IsPlainFileName(name);
+        if (!isPlain)
+        {
+            m_findings.Write("The manufacturer list's name \"" + std::string(name) +
+                             "\" is no plain file name and is not looked for");
+        }
+        return isPlain;
     }
 
     std::string m_dataFolder; ///< Empty: not known.
     std::chrono::year m_thisYear;
     DiagnosticLog& m_log;
+    BoundedLog m_findings;
     std::unordered_set<std::string> m_fileNames; ///< In lower case.
 };
+
+bool IsOutdated(const InstalledVersion& installed)
+{
+    return installed.status == EquipmentStatus::NeedsUpdate;
+}
+
+} // namespace
+
+std::int32_t EquipmentRows::DatabasesThatNeedUpdate() const
+{
+    return static_cast<std::int32_t>(
+        std::ranges::count_if(rows, IsOutdated, &EquipmentRow::installed));
+}
+
+std::int32_t EquipmentRows::PicturesThatNeedUpdate() const
+{
+    return static_cast<std::int32_t>(
+        std::ranges::count_if(sections, IsOutdated, &EquipmentSection::pictures));
+}
 
 EquipmentList::EquipmentList(std::string listPath, std::string defaultAddress,
                              CVelmoProgramCommunicator& locator, DiagnosticLog& log, Clock clock)
@@ -115,76 +191,52 @@ EquipmentList::EquipmentList(std::string listPath, std::string defaultAddress,
 
 void EquipmentList::Refresh(ServerValues values)
 {
-    if (MFile::FileExists(m_listPath))
+    if (!MFile::FileExists(m_listPath))
     {
-        auto list = ReadManufacturerList(m_listPath, m_defaultAddress, values, m_log);
-        if (list)
-        {
-            m_list = std::move(list).Value();
-            Fill();
-            return;
-        }
+        return;
+    }
+    if (auto list = ReadManufacturerList(m_listPath, m_defaultAddress, values, m_log))
+    {
+        Fill(std::make_shared<const ManufacturerList>(std::move(list).Value()));
+    }
+    else
+    {
         m_log.Failure("Reading " + m_listPath, list.Failure());
     }
-    m_grid.RefreshSummary();
 }
 
 void EquipmentList::InspectAgain()
 {
-    if (m_list)
+    if (m_grid.Rows().list)
     {
-        Fill();
+        Fill(m_grid.Rows().list);
     }
 }
 
-void EquipmentList::Fill()
+void EquipmentList::Fill(std::shared_ptr<const ManufacturerList> list)
 {
-    GridModel& model = m_grid.Model();
-    {
-        const GridPosition position = model.Position();
-        const RedrawOff redrawOff(model);
-        m_grid.Clear();
-        AddRows();
-        model.MoveTo(position);
-        model.SizeToContents();
-    }
-    m_grid.RefreshSummary();
-}
-
-void EquipmentList::AddRows()
-{
-    const std::chrono::year_month_day today(LocalDay(m_clock()));
-    const Inspection inspection(m_locator.FolderName(locator_number::kCommonFolder), today.year(),
-                                m_log);
-    m_databases = 0;
-    m_pictures = 0;
-    for (const CSectionData& section : m_list->sections)
-    {
-        const InstalledPictures pictures = inspection.Pictures(section);
-        std::size_t number = 1;
-        for (; auto entry = ListedDatabase(section, number); ++number)
-        {
-            InstalledDatabase database = inspection.Database(*entry);
-            entry->DatabaseInstalledDate = std::move(database.installedDate);
-            entry->DatabaseNeedsUpdate = std::move(database.needsUpdate);
-            entry->PicturesInstalledDate = pictures.installedDate;
-            entry->PicturesNeedUpdate = pictures.needsUpdate;
-            m_databases += entry->DatabaseNeedsUpdate == "Yes" ? 1 : 0;
-            m_grid.AddRow(*entry);
-        }
-        m_pictures += number > 1 && pictures.needsUpdate == "Yes" ? 1 : 0;
-    }
+    const std::chrono::year_month_day today(platform::LocalDay(m_clock()));
+    Inspection inspection(m_locator.FolderName(kCommonFolderNumber), today.year(), m_log);
+    m_grid.Show(inspection.Of(std::move(list)));
 }
 
 std::optional<InstallOrder> EquipmentList::PrepareInstall(UserPrompts& prompts) const
 {
-    InstallOrder order{m_list ? m_list->server : EquipmentServer(), m_grid.TickedDatabases(),
-                       m_grid.TickedPictures()};
-    if (order.databases.files.Count() + order.pictures.files.Count() == 0)
+    SetupFiles databases = m_grid.Ticked(EquipmentColumn::InstallDatabase);
+    SetupFiles pictures = m_grid.Ticked(EquipmentColumn::InstallPictures);
+    if (databases.files.Count() + pictures.files.Count() == 0)
     {
         prompts.Notify(PromptIcon::Information, kNothingTicked, kNothingTickedTitle);
         return std::nullopt;
     }
+    const ManufacturerList& list = *m_grid.Rows().list;
+    databases.title = "Databases to install";
+    databases.folder = list.databaseFolder;
+    pictures.title = "Picture groups to install";
+    pictures.folder = list.pictureFolder;
+    InstallOrder order{list.serverAddress, {}};
+    order.setups.push_back(std::move(databases));
+    order.setups.push_back(std::move(pictures));
     return order;
 }
 

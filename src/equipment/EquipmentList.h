@@ -1,12 +1,12 @@
 #pragma once
 
 #include "equipment/EquipmentGrid.h"
-#include "equipment/InstallOrder.h"
-#include "equipment/ManufacturerList.h"
+#include "install/InstallOrder.h"
 
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -43,29 +43,29 @@ class EquipmentList
     [[nodiscard]] const EquipmentGrid& Grid() const { return m_grid; }
 
     /// Installed databases that need an update: rows of the grid.
-    [[nodiscard]] std::int32_t CountDatabasesThatNeedUpdate() const { return m_databases; }
+    [[nodiscard]] std::int32_t CountDatabasesThatNeedUpdate() const
+    {
+        return m_grid.Rows().DatabasesThatNeedUpdate();
+    }
 
     /// Installed groups of pictures that need an update: sections of the grid.
-    [[nodiscard]] std::int32_t CountPicturesThatNeedUpdate() const { return m_pictures; }
+    [[nodiscard]] std::int32_t CountPicturesThatNeedUpdate() const
+    {
+        return m_grid.Rows().PicturesThatNeedUpdate();
+    }
 
     /// What is ticked. Nothing, and the user is told why, when no box is.
     [[nodiscard]] std::optional<InstallOrder> PrepareInstall(UserPrompts& prompts) const;
 
   private:
-    class Inspection;
-
-    void Fill();
-    void AddRows();
+    void Fill(std::shared_ptr<const ManufacturerList> list);
 
     std::string m_listPath;
     std::string m_defaultAddress;
     CVelmoProgramCommunicator& m_locator;
     DiagnosticLog& m_log;
     Clock m_clock;
-    std::optional<ManufacturerList> m_list;
     EquipmentGrid m_grid;
-    std::int32_t m_databases = 0;
-    std::int32_t m_pictures = 0;
 };
 
 } // namespace velmo

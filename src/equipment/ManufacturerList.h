@@ -1,32 +1,69 @@
 #pragma once
 
-#include "equipment/InstalledPictures.h"
-#include "equipment/ManufacturerEntry.h"
 #include "platform/Result.h"
-#include "settings/CSectionDataCollection.h"
 
-#include <cstddef>
-#include <optional>
+#include <array>
+#include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace velmo
 {
 
 class DiagnosticLog;
 
-/// Where the setups of databases and pictures are downloaded from.
-struct EquipmentServer
-{
-    std::string address; ///< Scheme and host.
-    std::string databaseFolder;
-    std::string pictureFolder;
+/// The kinds of equipment that a database may hold: their keys in the manufacturer list.
+inline constexpr std::array<std::string_view, 15> kEquipmentKindKeys{
+    "AC",
+    "HP",
+    "GSHP",
+    "FuelOilFurnace",
+    "GasFurnace",
+    "PropaneFurnace",
+    "GasAndPropaneFurnace",
+    "FuelOilBoiler",
+    "GasBoiler",
+    "PropaneBoiler",
+    "GasAndPropaneBoiler",
+    "2SpeedAC",
+    "2SpeedGSHP",
+    "2SpeedFurnace",
+    "WaterHeater",
 };
 
-/// The vendor's manufacturer list in memory: where the setups are, and the sections of equipment.
+/// One database of a section, as the list has it. The views are of the list's text.
+struct ManufacturerEntry
+{
+    std::string_view ManufacturerName; ///< The section's name where the list has none.
+    std::string_view DatabaseFile;
+    std::string_view DatabaseLatestDate;
+    std::array<std::string_view, kEquipmentKindKeys.size()> EquipmentKinds;
+};
+
+/// What the list says of all databases of a section, and of its group of pictures.
+struct ManufacturerSection
+{
+    std::string_view SectionName;
+    std::string DatabaseSetupFile; ///< In lower case.
+    std::string PictureSetupFile;  ///< In lower case; empty: the section has no pictures.
+    double DatabaseSetupSize = 0;  ///< Bytes.
+    double PictureSetupSize = 0;   ///< Bytes.
+    std::string_view PicturesLatestDate;
+    std::string_view DateCheckerPictureFile;
+    std::vector<ManufacturerEntry> entries; ///< In the order of their numbers; may be empty.
+};
+
+/// The vendor's manufacturer list: where the setups are, and the sections of equipment in the list's
+/// order. A value that is never changed; copies share its text. Any thread.
 struct ManufacturerList
 {
-    EquipmentServer server;
-    CSectionDataCollection sections;
+    std::string serverAddress; ///< Scheme and host.
+    std::string databaseFolder;
+    std::string pictureFolder;
+    std::vector<ManufacturerSection> sections;
+    std::shared_ptr<const std::string> text; ///< What all the views are of.
+    std::vector<std::string> complaints;     ///< Why parts of it were left out.
 };
 
 /// What becomes of the values in the file that say where the setups are.
@@ -36,23 +73,19 @@ enum class ServerValues
     Leave,   ///< The file is left alone, for another reader.
 };
 
+/// The list that a file's bytes are. A value that is missing has its default, the server's is
+/// @a defaultAddress. Repeated sections and keys count once, the first time. Left out, since no list of
+/// the vendor's has them: lines of more than 1,024 characters, sections with a name of more than 255,
+/// what follows after 20,000 sections or 100,000 databases. Time and memory are linear in the length.
+[[nodiscard]] ManufacturerList ParseManufacturerList(std::string_view bytes,
+                                                     std::string_view defaultAddress);
+
 /**
-    Reads the list from its file; a value that is missing has its default, the server's is
-    @a defaultAddress. Errors: the file's (MFile.h), 223 when it is larger than 16 MiB.
+    Reads the list from its file, once, and logs what was left out. Errors: the file's (MFile.h), 223 when it is larger than 16 MiB.
  */
 [[nodiscard]] Result<ManufacturerList> ReadManufacturerList(const std::string& path,
                                                             const std::string& defaultAddress,
                                                             ServerValues values,
                                                             DiagnosticLog& log);
-
-/// The section's group of pictures, to be inspected in @a pictureRoot (ends in "\"); nothing when it
-/// has none.
-[[nodiscard]] std::optional<PictureGroup> ListedPictures(const CSectionData& section,
-                                                         const std::string& pictureRoot);
-
-/// The section's database of that number (from 1) with what the list says of it and of the section;
-/// nothing when there is none of that number.
-[[nodiscard]] std::optional<ManufacturerEntry> ListedDatabase(const CSectionData& section,
-                                                              std::size_t number);
 
 } // namespace velmo

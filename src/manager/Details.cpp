@@ -1,11 +1,8 @@
 #include "manager/Details.h"
 
-#include "controls/ListViewModel.h"
 #include "controls/StatusBoxModel.h"
-#include "updates/ListsDownload.h"
-#include "updates/ProgramStatusList.h"
-
-#include <cctype>
+#include "manager/ListsFetch.h"
+#include "updates/ProgramRow.h"
 
 namespace velmo
 {
@@ -18,17 +15,6 @@ void AddLine(std::string& text, std::string_view name, std::string_view value)
     text += ": ";
     text += value.empty() ? "(none)" : value;
     text += "\r\n";
-}
-
-const std::string& Cell(const ListRow& row, ProgramStatusList::Column column)
-{
-    return row.cells[column - 1];
-}
-
-bool IsInstalled(const ListRow& row)
-{
-    const std::string& version = Cell(row, ProgramStatusList::InstalledVersion);
-    return !version.empty() && std::isdigit(static_cast<unsigned char>(version.front())) != 0;
 }
 
 } // namespace
@@ -44,14 +30,14 @@ std::string DetailsText(const DetailsSources& sources)
     const std::string& lines = sources.statusBox.Text();
     text += "\r\nLast refresh of the lists:\r\n" + (lines.empty() ? "(not yet)\r\n" : lines);
     text += "\r\nInstalled programs (installed version, latest version, need to update):\r\n";
-    for (const ListRow& row : sources.programs.Rows())
+    for (const ProgramRow& row : sources.programs)
     {
-        if (IsInstalled(row))
+        if (row.IsInstalled())
         {
-            AddLine(text, row.key,
-                    Cell(row, ProgramStatusList::InstalledVersion) + ", " +
-                        Cell(row, ProgramStatusList::LatestVersion) + ", " +
-                        Cell(row, ProgramStatusList::NeedToUpdate));
+            AddLine(text, row.Name(),
+                    CellText(row, ProgramColumn::InstalledVersion) + ", " +
+                        CellText(row, ProgramColumn::LatestVersion) + ", " +
+                        CellText(row, ProgramColumn::NeedToUpdate));
         }
     }
     return text;

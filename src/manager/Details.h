@@ -1,22 +1,23 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace velmo
 {
 
-class ListsDownload;
-class ListViewModel;
+class ListsFetch;
 class StatusBoxModel;
+struct ProgramRow;
 
 /// What the details are made of.
 struct DetailsSources
 {
     std::string_view programVersion;
-    const ListsDownload& lists;
+    const ListsFetch& lists;
     const StatusBoxModel& statusBox;
-    const ListViewModel& programs;
+    std::span<const ProgramRow> programs;
     std::string_view settingsFile;
     std::string_view logFile;
 };

@@ -5,21 +5,21 @@
 #include "controls/StatusBoxModel.h"
 #include "download/UrlToFile.h"
 #include "equipment/EquipmentList.h"
-#include "news/Headlines.h"
+#include "manager/ListsFetch.h"
+#include "manager/ShownLists.h"
 #include "platform/Processes.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
 #include "updates/AddressOpener.h"
-#include "updates/ListsDownload.h"
 #include "updates/ProgramActions.h"
 #include "updates/ProgramStatusList.h"
 #include "updates/StartupCheck.h"
 #include "updates/VersionList.h"
 
-#include <cstdint>
+#include <chrono>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace velmo
 {
@@ -32,44 +32,25 @@ namespace platform
 class MessageLoop;
 }
 
-/// How many programs, installed databases and installed picture groups need an update.
-struct UpdateCounts
+/// The tabs that a start may open the window on.
+enum class MainTab
 {
-    std::int32_t programs = 0;
-    std::int32_t databases = 0;
-    std::int32_t pictures = 0;
-
-    [[nodiscard]] bool Any() const { return programs + databases + pictures > 0; }
-
-    /// "Need to Update:  Programs: 1, Databases: 0, Pictures: 0".
-    [[nodiscard]] std::string Text() const;
-};
-
-/// What the window that shows the manager is told. User-interface thread.
-class UpdateManagerView
-{
-  public:
-    virtual ~UpdateManagerView() = default;
-
-    virtual void OnBusyChanged() = 0; ///< A fetch started or ended.
-    virtual void OnCountsChanged() = 0;
-    virtual void RedrawProgramList() = 0;
-    virtual void OnHeadlinesChanged() {}
+    Programs,
+    Equipment,
 };
 
 /**
     The update manager without its windows: builds every part of the program in its order and hands
     them to one another. The main window and the headless program stand on it. User-interface thread.
  */
-class UpdateManager final : private ListsDownloadClient
+class UpdateManager
 {
   public:
     /// All references must outlive the manager. @a shell opens web addresses.
     UpdateManager(platform::MessageLoop& loop, UserPrompts& prompts, MousePointer& pointer,
                   AddressOpener::Shell shell = platform::OpenThroughShell);
 
-    /// One view; nullptr for none.
-    void Show(UpdateManagerView* view) { m_view = view; }
+    using Time = std::chrono::steady_clock::time_point;
 
     /// Fetches the lists and refreshes everything that is made of them.
     void FetchLists();
@@ -82,10 +63,17 @@ class UpdateManager final : private ListsDownloadClient
 
     /**
         What there is to tell to the program that started this one. Fetches the lists when that is
-        needed, without filling any list from them; whatever the server does, it is done after 45
-        seconds, and a failure means that there is nothing to tell.
+        needed, without filling any list from them; whatever the server does, it is done 45 seconds
+        after the program has @a started, and a failure means that there is nothing to tell.
      */
-    [[nodiscard]] StartupFindings CheckForCaller(const StartupRequest& request);
+    [[nodiscard]] StartupFindings CheckForCaller(const StartupRequest& request,
+                                                 Time started = std::chrono::steady_clock::now());
+
+    /// Asks or tells the person what the findings lead to and does what is answered. The tab to open
+    /// the window on; nothing when the program is to end: the lists are deleted then.
+    [[nodiscard]] std::optional<MainTab> TellCaller(const StartupFindings& findings,
+                                                    const StartupRequest& request,
+                                                    UpdatePrompts& prompts);
 
     /// What the timer does once after the window opened: connects when that is automatic, tells the
     /// status of the program that the command line named, and offers an update of the update manager
@@ -93,24 +81,19 @@ class UpdateManager final : private ListsDownloadClient
     void RunAfterOpening(const StartupRequest& request, const ProgramVersion& own,
                          UpdatePrompts& prompts);
 
-    /// The reminder, then the setup of the program of that display name in the browser.
-    void Download(std::string_view program);
-
     /// "AutoConnect": fetch when the window opens.
     [[nodiscard]] bool AutoConnect() const;
     void SetAutoConnect(bool automatically);
-
-    [[nodiscard]] UpdateCounts Counts() const;
 
     [[nodiscard]] DiagnosticLog& Log() { return m_log; }
     [[nodiscard]] CINIFileHandler& Settings() { return m_settings; }
     [[nodiscard]] StatusBoxModel& StatusBox() { return m_statusBox; }
     [[nodiscard]] ProgramStatusList& Programs() { return m_programs; }
-    [[nodiscard]] ListsDownload& Lists() { return m_lists; }
+    [[nodiscard]] ListsFetch& Lists() { return m_lists; }
+    [[nodiscard]] ShownLists& Shown() { return m_shown; }
     [[nodiscard]] StartupCheck& Startup() { return m_startup; }
     [[nodiscard]] ProgramActions& Actions() { return m_actions; }
     [[nodiscard]] AddressOpener& Addresses() { return m_addresses; }
-    [[nodiscard]] const std::vector<Headline>& Headlines() const { return m_headlines; }
 
     /// The text that support asks for first. @a programVersion is this program's own.
     [[nodiscard]] std::string Details(std::string_view programVersion) const;
@@ -124,30 +107,22 @@ class UpdateManager final : private ListsDownloadClient
     void DeleteLists();
 
   private:
-    void ClearHeadlines() override;
-    void RefreshLists() override;
-    void LoadHeadlines() override;
-    void ShowSelectedProgram() override;
-    void RedrawProgramList() override;
-    void OnBusyChanged(bool busy) override;
-
     [[nodiscard]] EquipmentCounts CountEquipment();
-    void OfferOwnUpdate(const ProgramVersion& own, UpdatePrompts& prompts);
+    void OfferUpdate(const ProgramRow& program, UpdatePrompts& prompts);
 
     DiagnosticLog m_log;
     CINIFileHandler m_settings;
     StatusBoxModel m_statusBox;
     CVelmoProgramCommunicator m_locator;
     UrlToFile m_urlToFile;
-    ListsDownload m_lists;
+    ListsFetch m_lists;
     VersionList m_versionList;
     ProgramStatusList m_programs;
     EquipmentList m_equipment;
+    ShownLists m_shown;
     StartupCheck m_startup;
     AddressOpener m_addresses;
     ProgramActions m_actions;
-    std::vector<Headline> m_headlines;
-    UpdateManagerView* m_view = nullptr;
 };
 
 } // namespace velmo

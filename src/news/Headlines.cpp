@@ -1,9 +1,9 @@
 #include "news/Headlines.h"
 
-#include "platform/WebAddress.h"
-#include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
-#include "settings/TextCase.h"
+#include "settings/SettingsSnapshot.h"
+#include "text/RelativeAddress.h"
+#include "text/TextCase.h"
 
 namespace velmo
 {
@@ -12,41 +12,29 @@ namespace
 
 constexpr std::string_view kSection = "News Headlines";
 
-/// What may be opened in the news pane; a pane loads pages, no files of other kinds.
-std::string UsableLink(std::string_view link, DiagnosticLog& log)
-{
-    const auto address = platform::ParseWebAddress(link);
-    if (address && address->scheme != platform::WebScheme::Ftp)
-    {
-        return address->text;
-    }
-    if (!link.empty())
-    {
-        log.Write("The link of a headline is no http or https address: " + std::string(link));
-    }
-    return {};
-}
-
-Headline FromLine(std::string_view line, DiagnosticLog& log)
+Headline FromLine(std::string_view line, std::string_view newsPage, DiagnosticLog& log)
 {
     const std::size_t bar = line.find('|');
     Headline headline{std::string(line.substr(0, bar)), {}};
-    if (bar != std::string_view::npos)
+    std::string_view link = bar == std::string_view::npos ? "" : line.substr(bar + 1);
+    link = Trimmed(link.substr(0, link.find('|')));
+    if (const auto address = ResolveReference(newsPage, link))
     {
-        const std::string_view rest = line.substr(bar + 1);
-        headline.link = UsableLink(Trimmed(rest.substr(0, rest.find('|'))), log);
+        headline.link = address->text;
+    }
+    else if (!link.empty())
+    {
+        log.Write("The link of a headline is no web address: " + std::string(link));
     }
     return headline;
 }
 
 } // namespace
 
-std::vector<Headline> ReadHeadlines(const std::string& versionListPath, DiagnosticLog& log)
+std::vector<Headline> ReadHeadlines(const SettingsSnapshot& versionList, std::string_view newsPage,
+                                    DiagnosticLog& log)
 {
-    CINIFileHandler list(log);
-    list.AppProfileFileName(versionListPath);
-    const std::string block = list.MyGetAppProfileSection(kSection);
-
+    const std::string block = versionList.Section(kSection);
     std::vector<Headline> headlines;
     std::string_view rest = block;
     for (std::size_t line = 0; line < kMostHeadlines && !rest.empty(); ++line)
@@ -54,7 +42,7 @@ std::vector<Headline> ReadHeadlines(const std::string& versionListPath, Diagnost
         const std::size_t end = rest.find('\0');
         if (end != 0)
         {
-            headlines.push_back(FromLine(rest.substr(0, end), log));
+            headlines.push_back(FromLine(rest.substr(0, end), newsPage, log));
         }
         rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
     }

@@ -9,11 +9,12 @@ namespace velmo
 {
 
 class DiagnosticLog;
+class SettingsSnapshot;
 
 struct Headline
 {
     std::string text;
-    std::string link; ///< An http or https address; empty: the headline cannot be clicked.
+    std::string link; ///< An http, https or ftp address; empty: the headline cannot be clicked.
 };
 
 /// Lines of the list that are looked at.
@@ -23,9 +24,10 @@ inline constexpr std::size_t kMostHeadlines = 20;
 inline constexpr std::string_view kHeadlinesTitle = "Latest Velmo Software News Headlines";
 
 /// The headlines of a version list, from its section "News Headlines": lines of the form
-/// "headline|link". A missing file or section has none. A line without "|" is shown but cannot be
-/// clicked, nor can one whose link is no http or https address; the latter leaves a line in @a log.
-[[nodiscard]] std::vector<Headline> ReadHeadlines(const std::string& versionListPath,
-                                                  DiagnosticLog& log);
+/// "headline|link"; a link is completed as one on the page @a newsPage. Without the section there are
+/// none. A line without "|" is shown but cannot be clicked, nor can one whose link is no web address;
+/// the latter leaves a line in @a log.
+[[nodiscard]] std::vector<Headline> ReadHeadlines(const SettingsSnapshot& versionList,
+                                                  std::string_view newsPage, DiagnosticLog& log);
 
 } // namespace velmo

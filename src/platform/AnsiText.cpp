@@ -1,6 +1,6 @@
 #include "platform/AnsiText.h"
 
-#include "platform/Utf8.h"
+#include "text/Utf8.h"
 
 namespace velmo::platform
 {
@@ -65,14 +65,7 @@ std::string FromFileBytes(std::string_view bytes)
     {
         return FromAnsi(bytes);
     }
-    bytes.remove_prefix(kUtf8Mark.size());
-    std::string text;
-    text.reserve(bytes.size());
-    while (!bytes.empty())
-    {
-        AppendCodePoint(text, TakeCodePoint(bytes));
-    }
-    return text;
+    return ValidUtf8(bytes.substr(kUtf8Mark.size()));
 }
 
 } // namespace velmo::platform

@@ -1,5 +1,7 @@
 #include "platform/AsyncRead.h"
 
+#include "platform/ErrorCode.h"
+
 #include <algorithm>
 #include <atomic>
 #include <chrono>
@@ -10,52 +12,41 @@ namespace velmo::platform
 namespace
 {
 
-using Clock = std::chrono::steady_clock;
-
-constexpr std::chrono::milliseconds kBetweenProgress{50};
-constexpr std::int32_t kOutOfMemory = 8;
+constexpr std::uint32_t kTicksBetweenProgress = 50;
 
 } // namespace
 
 /// What the worker and the notices on their way through the loop hold.
 struct AsyncRead::State
 {
-    State(std::size_t most, Listener& l) : bytes(std::make_shared<ByteStore>(most)), listener(&l) {}
+    State(std::size_t most, Listener& l, TickSource t)
+        : bytes(std::make_shared<ByteStore>(most)), listener(&l), ticks(std::move(t)),
+          lastProgress(ticks() - kTicksBetweenProgress)
+    {}
 
     std::shared_ptr<ByteStore> bytes;
     std::atomic<std::size_t> count{0};
     std::atomic<bool> progressOnItsWay{false};
     Listener* listener; ///< For the loop's thread. Null once the read object has gone.
-};
+    TickSource ticks;
+    std::uint32_t lastProgress; ///< For the worker.
 
-namespace
-{
-
-/// Puts what arrives into the state and tells the loop now and then.
-template <typename State>
-class StoringSink final : public ByteSink
-{
-  public:
-    StoringSink(MessageLoop& loop, std::shared_ptr<State> state)
-        : m_loop(loop), m_state(std::move(state))
-    {}
-
-    // The store is ready for any length, so an announced one needs no preparation.
-    void Expect(std::uint64_t) override {}
-
-    Result<Done> Add(std::span<const std::byte> bytes) override
+    /// Puts what arrives into the store and tells the loop now and then.
+    static Result<Done> Take(const std::shared_ptr<State>& state, MessageLoop& loop,
+                             std::span<const std::byte> arrived)
     {
-        if (!m_state->bytes->Add(bytes))
+        if (!state->bytes->Add(arrived))
         {
-            return Error{kOutOfMemory, "There is not enough memory for the file."};
+            return Error{error_code::kOutOfMemory, "There is not enough memory for the file."};
         }
-        m_state->count += bytes.size();
-        const Clock::time_point now = Clock::now();
+        state->count += arrived.size();
+        const std::uint32_t now = state->ticks();
         // A loop that is busy elsewhere gets one notice of where things stand, not a queue of them.
-        if (now >= m_nextProgress && !m_state->progressOnItsWay.exchange(true))
+        if (now - state->lastProgress >= kTicksBetweenProgress &&
+            !state->progressOnItsWay.exchange(true))
         {
-            m_nextProgress = now + kBetweenProgress;
-            m_loop.Post([state = m_state] {
+            state->lastProgress = now;
+            loop.Post([state] {
                 state->progressOnItsWay = false;
                 if (state->listener != nullptr)
                 {
@@ -65,25 +56,26 @@ class StoringSink final : public ByteSink
         }
         return Done{};
     }
-
-  private:
-    MessageLoop& m_loop;
-    std::shared_ptr<State> m_state;
-    Clock::time_point m_nextProgress = Clock::now();
 };
 
-} // namespace
+std::uint32_t SteadyTicks()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<std::uint32_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+}
 
 AsyncRead::AsyncRead(MessageLoop& loop, std::string url, const HttpLimits& limits,
-                     Listener& listener)
+                     Listener& listener, TickSource ticks)
 {
     HttpLimits capped = limits;
     capped.mostBytes = std::min(limits.mostBytes, kMostBytes);
-    m_state = std::make_shared<State>(static_cast<std::size_t>(capped.mostBytes), listener);
+    m_state = std::make_shared<State>(static_cast<std::size_t>(capped.mostBytes), listener,
+                                      std::move(ticks));
     m_worker = std::jthread(
         [&loop, url = std::move(url), capped, state = m_state](const std::stop_token& stop) {
-            StoringSink<State> sink(loop, state);
-            loop.Post([state, outcome = HttpGet(url, capped, sink, stop)] {
+            const auto take = [&](auto bytes) { return State::Take(state, loop, bytes); };
+            loop.Post([state, outcome = HttpGet(url, capped, take, stop)] {
                 if (state->listener != nullptr)
                 {
                     state->listener->ReadComplete(state->count, outcome);

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <span>
@@ -15,6 +16,12 @@
 
 namespace velmo::platform
 {
+
+/// Milliseconds since some start, wrapping round at 2^32. Called on any thread.
+using TickSource = std::function<std::uint32_t()>;
+
+/// The usual tick source: a clock that no change of the time of day moves.
+[[nodiscard]] std::uint32_t SteadyTicks();
 
 /**
     One read of a web address into memory, on a thread of its own, that tells how it goes through the
@@ -32,7 +39,7 @@ class AsyncRead
       public:
         virtual ~Listener() = default;
 
-        /// The first @a count bytes are there. At most 20 times a second.
+        /// The first @a count bytes are there. At most 20 times a second, by the tick source.
         virtual void ReadProgress(std::size_t count) = 0;
 
         /// The read has ended, well with all of its @a count bytes, or not. Last call; the listener may
@@ -41,7 +48,8 @@ class AsyncRead
     };
 
     /// Errors are HttpGet()'s; 223 also when a file is larger than kMostBytes, 8 out of memory.
-    AsyncRead(MessageLoop& loop, std::string url, const HttpLimits& limits, Listener& listener);
+    AsyncRead(MessageLoop& loop, std::string url, const HttpLimits& limits, Listener& listener,
+              TickSource ticks = SteadyTicks);
 
     /// Ends the read; the listener hears no more of it. Waits for the thread, a moment at most.
     ~AsyncRead();

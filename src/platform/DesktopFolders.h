@@ -19,7 +19,8 @@ namespace velmo::platform
 /// desktop counts as installed in "C:\Program Files\Velmo Software\Update Manager\".
 [[nodiscard]] std::string ProgramFolder();
 
-/// Path of the running executable; in the native build a path of the system's own, which MFile takes.
+/// Path of the running executable, to read it; in the native build a path of the system's own that
+/// leads there even when the file has been deleted by now.
 [[nodiscard]] std::string ProgramPath();
 
 } // namespace velmo::platform

@@ -1,20 +1,11 @@
 #pragma once
 
-#include "platform/Result.h"
-
-#include <cstddef>
-#include <cstdint>
-#include <memory>
-#include <span>
-#include <string_view>
+#include "platform/OpenFile.h"
 
 namespace velmo::platform
 {
 
-/**
-    A file open for reading at any place, without locking anybody out: other programs may read,
-    write, rename or delete it meanwhile. Movable; closes the file when it goes. One thread at a time.
- */
+/// A file open for reading at any place. Movable; closes the file when it goes. One thread at a time.
 class FileReader
 {
   public:
@@ -24,21 +15,20 @@ class FileReader
     /// The running program's own file, natively also when it has been deleted by now.
     [[nodiscard]] static Result<FileReader> OpenOwnProgram();
 
-    FileReader(FileReader&& other) noexcept;
-    FileReader& operator=(FileReader&& other) noexcept;
-    ~FileReader();
-
     /// Size in bytes when it was opened.
-    [[nodiscard]] std::uint64_t Size() const;
+    [[nodiscard]] std::uint64_t Size() const { return m_size; }
 
     /// Fills @a target with the bytes from @a offset on. False when the file does not have them all.
-    [[nodiscard]] bool ReadAt(std::uint64_t offset, std::span<std::byte> target) const;
+    [[nodiscard]] bool ReadAt(std::uint64_t offset, std::span<std::byte> target) const
+    {
+        return m_file.ReadAt(offset, target);
+    }
 
   private:
-    struct Handle;
-    explicit FileReader(std::unique_ptr<Handle> handle);
+    explicit FileReader(OpenFile file) : m_file(std::move(file)), m_size(m_file.Size()) {}
 
-    std::unique_ptr<Handle> m_handle;
+    OpenFile m_file;
+    std::uint64_t m_size;
 };
 
 } // namespace velmo::platform

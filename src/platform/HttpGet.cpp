@@ -1,12 +1,14 @@
 #include "platform/HttpGet.h"
 
+#include "platform/AnsiText.h"
+#include "platform/ErrorCode.h"
 #include "platform/HttpHop.h"
+#include "text/TextCase.h"
+#include "text/Utf8.h"
+#include "text/WebAddress.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
-#include <charconv>
-#include <cstdio>
 #include <optional>
 #include <string_view>
 
@@ -14,15 +16,6 @@ namespace velmo::platform
 {
 namespace
 {
-
-constexpr std::int32_t kTooLarge = 223;
-constexpr std::int32_t kServerError = 12003;
-constexpr std::int32_t kNoUrl = 12005;
-constexpr std::int32_t kUnknownScheme = 12006;
-constexpr std::int32_t kStopped = 12017;
-constexpr std::int32_t kNotFound = 12028;
-constexpr std::int32_t kEndedTooEarly = 12030;
-constexpr std::int32_t kBadRedirect = 12156;
 
 struct Reason
 {
@@ -32,21 +25,21 @@ struct Reason
 
 // Own sentences, so that a log reads the same whichever system wrote it.
 constexpr std::array kReasons{
-    Reason{kTooLarge, "The file is larger than allowed."},
-    Reason{12002, "The server did not answer in time."},
-    Reason{12004, "The internet functions of this computer do not work."},
-    Reason{kNoUrl, "The address is not valid."},
-    Reason{kUnknownScheme, "The address is neither http nor https."},
-    Reason{12007, "The server name could not be resolved."},
-    Reason{kStopped, "The download was cancelled."},
-    Reason{kNotFound, "The server does not have this file."},
-    Reason{12029, "The server could not be reached."},
-    Reason{kEndedTooEarly, "The connection ended before the whole file had arrived."},
-    Reason{12031, "The connection was reset."},
-    Reason{12045, "The server's certificate is not trusted."},
-    Reason{12152, "The server's answer could not be understood."},
-    Reason{kBadRedirect, "The server redirects too often or to an insecure address."},
-    Reason{12157, "No secure connection could be made to the server."},
+    Reason{error_code::kTooLarge, "The file is larger than allowed."},
+    Reason{error_code::kTimedOut, "The server did not answer in time."},
+    Reason{error_code::kInternetBroken, "The internet functions of this computer do not work."},
+    Reason{error_code::kInvalidAddress, "The address is not valid."},
+    Reason{error_code::kUnknownScheme, "The address is neither http nor https."},
+    Reason{error_code::kUnknownHost, "The server name could not be resolved."},
+    Reason{error_code::kCancelled, "The download was cancelled."},
+    Reason{error_code::kNotOnServer, "The server does not have this file."},
+    Reason{error_code::kCannotConnect, "The server could not be reached."},
+    Reason{error_code::kEndedTooEarly, "The connection ended before the whole file had arrived."},
+    Reason{error_code::kReset, "The connection was reset."},
+    Reason{error_code::kUntrustedCertificate, "The server's certificate is not trusted."},
+    Reason{error_code::kNoHttp, "The server's answer could not be understood."},
+    Reason{error_code::kBadRedirect, "The server redirects too often or to an insecure address."},
+    Reason{error_code::kNoSecureChannel, "No secure connection could be made to the server."},
 };
 
 Error Failure(std::int32_t code)
@@ -56,96 +49,62 @@ Error Failure(std::int32_t code)
     return {code, known == kReasons.end() ? "The download failed." : std::string(known->text)};
 }
 
-bool StartsWithScheme(std::string_view url, std::string_view scheme)
-{
-    return url.size() >= scheme.size() &&
-           std::equal(scheme.begin(), scheme.end(), url.begin(), [](char wanted, char given) {
-               return wanted == std::tolower(static_cast<unsigned char>(given));
-           });
-}
-
 bool IsSecure(std::string_view url)
 {
-    return StartsWithScheme(url, "https://");
-}
-
-/// Percent-encodes what may not stand in a request: blanks, control characters, all but ASCII.
-std::string Encoded(std::string_view text)
-{
-    constexpr std::string_view kNeverPlain = "\"<>\\^`{|}";
-    std::string encoded;
-    for (const char c : text)
-    {
-        if (c > ' ' && c < 0x7f && kNeverPlain.find(c) == std::string_view::npos)
-        {
-            encoded += c;
-            continue;
-        }
-        std::array<char, 4> hex{};
-        std::snprintf(hex.data(), hex.size(), "%%%02X", static_cast<unsigned char>(c));
-        encoded += hex.data();
-    }
-    return encoded;
-}
-
-/// False for a port out of range, of which Windows would take the lower 16 bits.
-bool HasGoodPort(std::string_view authority)
-{
-    const std::string_view host = authority.substr(authority.rfind('@') + 1);
-    const std::size_t colon = host.find(':', host.rfind(']') + 1);
-    if (colon == std::string_view::npos)
-    {
-        return true;
-    }
-    const std::string_view port = host.substr(colon + 1);
-    std::uint16_t number = 0;
-    const auto end = std::from_chars(port.data(), port.data() + port.size(), number);
-    return port.empty() || (end.ec == std::errc() && end.ptr == port.data() + port.size());
+    return WebSchemeOf(url) == WebScheme::Https;
 }
 
 /// The address as it is requested, or why it cannot be.
 Result<std::string> Requestable(std::string_view url)
 {
-    if (url.empty())
+    const std::optional<WebScheme> scheme = WebSchemeOf(url);
+    if (!url.empty() && (!scheme || scheme == WebScheme::Ftp))
     {
-        return Failure(kNoUrl);
+        return Failure(error_code::kUnknownScheme);
     }
-    if (!StartsWithScheme(url, "http://") && !IsSecure(url))
+    const std::optional<WebAddress> address = ParseWebAddress(url);
+    if (!address)
     {
-        return Failure(kUnknownScheme);
+        return Failure(error_code::kInvalidAddress);
     }
-    const std::size_t host = url.find("//") + 2;
-    const std::string_view authority = url.substr(host, url.find_first_of("/?#", host) - host);
-    if (authority.empty() || !HasGoodPort(authority))
-    {
-        return Failure(kNoUrl);
-    }
-    return Encoded(url.substr(0, url.find('#')));
+    return address->text.substr(0, address->text.find('#'));
+}
+
+/// The one status of an answer that is all of the file and nothing else: no part of it, no empty "204".
+constexpr int kGood = 200;
+
+/// What a server says of itself. Its bytes may be of any encoding and may control a terminal.
+std::string Spoken(std::string_view bytes)
+{
+    constexpr std::size_t kMostCharacters = 256;
+    const std::string text = IsValidUtf8(bytes) ? std::string(bytes) : FromAnsi(bytes);
+    return WithoutControls(FirstCharacters(text, kMostCharacters));
+}
+
+/// E.g. "404 Not Found".
+std::string StatusText(const HttpHead& head)
+{
+    return std::string(Trimmed(std::to_string(head.status) + " " + Spoken(head.reason)));
 }
 
 /// Takes one response: passes on the body of a good one, keeps the head of any.
 class Response final : public HopSink
 {
   public:
-    Response(std::uint64_t most, ByteSink& sink) : m_most(most), m_sink(sink) {}
+    Response(std::uint64_t most, const ByteSink& sink) : m_most(most), m_sink(sink) {}
 
     bool Head(const HttpHead& head) override
     {
         m_head = head;
-        if (!IsGood())
+        if (m_head.status != kGood || IsEncoded())
         {
             return false;
         }
-        if (head.length)
+        if (head.length.value_or(0) > m_most)
         {
-            if (*head.length > m_most)
-            {
-                m_error = Failure(kTooLarge);
-                return false;
-            }
-            m_sink.Expect(*head.length);
+            m_error = Failure(error_code::kTooLarge);
         }
-        return true;
+        return !m_error;
     }
 
     bool Add(std::span<const std::byte> bytes) override
@@ -153,10 +112,10 @@ class Response final : public HopSink
         m_received += bytes.size();
         if (m_received > m_most)
         {
-            m_error = Failure(kTooLarge);
+            m_error = Failure(error_code::kTooLarge);
             return false;
         }
-        const Result<Done> taken = m_sink.Add(bytes);
+        const Result<Done> taken = m_sink(bytes);
         if (!taken)
         {
             m_error = taken.Failure();
@@ -182,24 +141,34 @@ class Response final : public HopSink
         }
         if (m_head.status == 404 || m_head.status == 410)
         {
-            return Failure(kNotFound);
+            return Failure(error_code::kNotOnServer);
         }
-        if (!IsGood())
+        if (m_head.status != kGood)
         {
-            return Error{kServerError, std::to_string(m_head.status) + " " + m_head.reason};
+            return Error{error_code::kServerSaysWhy, StatusText(m_head)};
+        }
+        if (IsEncoded())
+        {
+            return Error{error_code::kNoHttp,
+                         "The server sent the file in an encoding that was not "
+                         "asked for: " +
+                             Spoken(m_head.encoding)};
         }
         if (m_head.length && *m_head.length != m_received)
         {
-            return Failure(kEndedTooEarly);
+            return Failure(error_code::kEndedTooEarly);
         }
         return Done{};
     }
 
   private:
-    [[nodiscard]] bool IsGood() const { return m_head.status >= 200 && m_head.status < 300; }
+    [[nodiscard]] bool IsEncoded() const
+    {
+        return !m_head.encoding.empty() && !EqualInAnyCase(m_head.encoding, "identity");
+    }
 
     std::uint64_t m_most;
-    ByteSink& m_sink;
+    const ByteSink& m_sink;
     HttpHead m_head;
     std::uint64_t m_received = 0;
     std::optional<Error> m_error;
@@ -207,9 +176,10 @@ class Response final : public HopSink
 
 } // namespace
 
-Result<Done> HttpGet(const std::string& url, const HttpLimits& limits, ByteSink& sink,
+Result<Done> HttpGet(const std::string& url, const HttpLimits& limits, const ByteSink& sink,
                      std::stop_token stop)
 {
+    const HopEnd end = std::chrono::steady_clock::now() + limits.wholeTimeout;
     std::string next = url;
     for (int redirects = 0;; ++redirects)
     {
@@ -220,10 +190,10 @@ Result<Done> HttpGet(const std::string& url, const HttpLimits& limits, ByteSink&
         }
         if (stop.stop_requested())
         {
-            return Failure(kStopped);
+            return Failure(error_code::kCancelled);
         }
         Response response(limits.mostBytes, sink);
-        const std::int32_t code = HttpHop(request.Value(), limits, response, stop);
+        const std::int32_t code = HttpHop(request.Value(), limits, end, response, stop);
         if (code != 0)
         {
             return Failure(code);
@@ -234,9 +204,9 @@ Result<Done> HttpGet(const std::string& url, const HttpLimits& limits, ByteSink&
         {
             return response.Outcome();
         }
-        if (redirects == limits.mostRedirects || (secure && StartsWithScheme(next, "http://")))
+        if (redirects == limits.mostRedirects || (secure && WebSchemeOf(next) == WebScheme::Http))
         {
-            return Failure(kBadRedirect);
+            return Failure(error_code::kBadRedirect);
         }
     }
 }

@@ -19,10 +19,14 @@ namespace velmo::platform
 struct HttpHead
 {
     int status = 0;
-    std::string reason;                  ///< The status line's text, e.g. "Not Found".
+    std::string reason;                  ///< The status line's text, e.g. "Not Found": any bytes.
+    std::string encoding;                ///< Of the body, e.g. "gzip"; empty when it has none.
     std::string location;                ///< Absolute address of a redirect, else empty.
     std::optional<std::uint64_t> length; ///< What the server announced.
 };
+
+/// When the whole of it has to be over; the limits' wholeTimeout counts from the first hop on.
+using HopEnd = std::chrono::steady_clock::time_point;
 
 /// Takes one response. Called on the thread that runs HttpHop().
 class HopSink
@@ -43,7 +47,7 @@ class HopSink
     sink wanted no more of it, else the internet's code (see HttpGet.h). Whether all announced bytes
     have come is the caller's to check.
  */
-[[nodiscard]] std::int32_t HttpHop(const std::string& url, const HttpLimits& limits, HopSink& sink,
-                                   const std::stop_token& stop);
+[[nodiscard]] std::int32_t HttpHop(const std::string& url, const HttpLimits& limits, HopEnd end,
+                                   HopSink& sink, const std::stop_token& stop);
 
 } // namespace velmo::platform

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,10 +56,18 @@ enum class Keeping
     Passing, ///< It goes with the program run.
 };
 
-/// Writes the file as a whole: a new file beside it first, then in its place, so that a failure
-/// leaves the old one as it was.
+/// Writes the file as a whole: a new file beside it first ("<path>.new"), then in its place, so that
+/// a failure leaves the old one as it was and no reader sees half a file. Writers of one file wait for
+/// one another, in whatever process they are; error 33 when that takes more than ten seconds. Where
+/// the path is a link, the file that it leads to is written; a read-only one is error 5.
 Result<Done> WriteAll(std::string_view path, std::string_view bytes,
                       Keeping keeping = Keeping::Lasting);
+
+/// Writes what @a edit makes of the file's bytes (none when it is missing), as WriteAll() does, with
+/// all other writers held back from the reading on. Bytes that stay the same are not written, but a
+/// missing file is made; a file
+/// that cannot be read is left as it is, with the reason as the error.
+Result<Done> Edit(std::string_view path, const std::function<std::string(std::string_view)>& edit);
 
 /// Adds bytes at the file's end, creating it when needed.
 Result<Done> Append(std::string_view path, std::string_view bytes);

@@ -1,7 +1,15 @@
 #include "platform/PrivateProfile.h"
 
-#include "platform/ProfileStore.h"
+#include "platform/DesktopFolders.h"
+#include "platform/ErrorCode.h"
+#include "platform/MFile.h"
+#include "platform/ProfileBytes.h"
+#include "platform/ProfileText.h"
+#include "platform/SystemProfile.h"
+#include "text/TextCase.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 namespace velmo::platform
@@ -12,16 +20,9 @@ namespace
 /// The shortest buffer that holds anything: one character and its NUL.
 constexpr std::size_t kShortestBuffer = 2;
 
-std::string& FailureOfThisThread()
+std::string WithoutTrailingBlanks(std::string_view text)
 {
-    thread_local std::string failure;
-    return failure;
-}
-
-bool Report(const Result<Done>& result)
-{
-    FailureOfThisThread() = result ? std::string() : result.Failure().description;
-    return result.Ok();
+    return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
 bool HasLineEnd(std::string_view text)
@@ -30,62 +31,129 @@ bool HasLineEnd(std::string_view text)
     return text.find_first_of(kEnds) != std::string_view::npos;
 }
 
+/// Whether all of it may be written: error 87 when a part would become lines of their own.
+Result<Done> Checked(std::string_view file, std::initializer_list<std::string_view> parts)
+{
+    if (file.empty())
+    {
+        return Error{error_code::kFileMissing, "No file is named"};
+    }
+    return std::any_of(parts.begin(), parts.end(), HasLineEnd)
+               ? Result<Done>(Error{error_code::kInvalidParameter, "The text has line breaks"})
+               : Done{};
+}
+
+/// Windows' own functions for the one file whose other users call them too.
+const SystemProfile* SystemFor(std::string_view path)
+{
+    const SystemProfile* system = TheSystemsProfile();
+    const bool isShared =
+        system != nullptr && LowerCase(path) == LowerCase(WindowsDirectory() + "Win.ini");
+    return isShared ? system : nullptr;
+}
+
+/// Replaces a file's text; @a edit has the profile to turn names and values into the text's form.
+template <typename Edit>
+Result<Done> EditText(const std::string& path, Edit edit)
+{
+    return MFile::Edit(path, [&](std::string_view bytes) {
+        const ProfileBytes profile(bytes);
+        return profile.FileBytes(edit(profile));
+    });
+}
+
 } // namespace
+
+std::string ProfilePath(std::string_view file)
+{
+    const bool isBare = file.find_first_of("\\/:") == std::string_view::npos;
+    return (isBare ? WindowsDirectory() : std::string()) + std::string(file);
+}
+
+Profile ReadProfile(std::string_view file)
+{
+    if (file.empty())
+    {
+        return {};
+    }
+    const auto bytes = MFile::ReadAll(ProfilePath(file));
+    return Profile(bytes ? std::string_view(bytes.Value()) : std::string_view());
+}
+
+Profile ReadProfileSection(std::string_view file, std::string_view section)
+{
+    const std::string path = ProfilePath(file);
+    const SystemProfile* system = SystemFor(path);
+    return system != nullptr ? system->readSection(section, path) : ReadProfile(file);
+}
 
 std::string GetPrivateProfileText(std::string_view section, std::string_view key,
                                   std::string_view defaultText, std::size_t bufferSize,
                                   std::string_view file)
 {
+    return GetPrivateProfileText(section, key, defaultText, bufferSize,
+                                 ReadProfileSection(file, section));
+}
+
+std::string GetPrivateProfileText(std::string_view section, std::string_view key,
+                                  std::string_view defaultText, std::size_t bufferSize,
+                                  const Profile& profile)
+{
     if (bufferSize < kShortestBuffer)
     {
         return {};
     }
-    if (file.empty())
-    {
-        return std::string(defaultText.substr(0, defaultText.find_last_not_of(' ') + 1));
-    }
-    return ProfileStore::ReadText(section, key, defaultText, bufferSize, file);
+    auto value = profile.Value(section, key);
+    return Shortened(value ? std::move(*value) : WithoutTrailingBlanks(defaultText),
+                     bufferSize - 1);
 }
 
 std::string GetPrivateProfileSectionBlock(std::string_view section, std::size_t bufferSize,
-                                          std::string_view file)
+                                          const Profile& profile)
 {
-    return bufferSize < kShortestBuffer || file.empty()
-               ? std::string()
-               : ProfileStore::ReadSection(section, bufferSize, file);
+    return bufferSize < kShortestBuffer ? std::string()
+                                        : Shortened(profile.Block(section), bufferSize - 2);
 }
 
-bool WritePrivateProfileText(std::string_view section, std::optional<std::string_view> key,
-                             std::optional<std::string_view> value, std::string_view file)
+Result<Done> WritePrivateProfileText(std::string_view section, std::optional<std::string_view> key,
+                                     std::optional<std::string_view> value, std::string_view file)
 {
-    if (file.empty())
+    if (auto checked = Checked(file, {section, key.value_or(""), value.value_or("")}); !checked)
     {
-        return Report(Error{2, "No file is named"});
+        return checked;
     }
-    if (HasLineEnd(section) || HasLineEnd(key.value_or("")) || HasLineEnd(value.value_or("")))
+    const std::string path = ProfilePath(file);
+    if (const SystemProfile* system = SystemFor(path))
     {
-        return Report(Error{87, "The text has line breaks"});
+        return system->writeText(section, key, value, path);
     }
-    return Report(ProfileStore::WriteText(section, key, value, file));
+    return EditText(path, [&](const ProfileBytes& profile) {
+        const std::string inSection = profile.Inward(section);
+        const std::string inKey = profile.Inward(key.value_or(""));
+        return !key    ? ProfileText::WithoutSection(profile.Text(), inSection)
+               : value ? ProfileText::WithValue(profile.Text(), inSection, inKey,
+                                                profile.Inward(*value))
+                       : ProfileText::WithoutKey(profile.Text(), inSection, inKey);
+    });
 }
 
-bool WritePrivateProfileSectionBlock(std::string_view section, std::string_view block,
-                                     std::string_view file)
+Result<Done> WritePrivateProfileSectionBlock(std::string_view section, std::string_view block,
+                                             std::string_view file)
 {
-    if (file.empty())
+    const bool hasBreaks = block.find_first_of("\r\n") != std::string_view::npos;
+    if (auto checked = Checked(file, {section, hasBreaks ? "\n" : ""}); !checked)
     {
-        return Report(Error{2, "No file is named"});
+        return checked;
     }
-    if (HasLineEnd(section) || block.find_first_of("\r\n") != std::string_view::npos)
+    const std::string path = ProfilePath(file);
+    if (const SystemProfile* system = SystemFor(path))
     {
-        return Report(Error{87, "The text has line breaks"});
+        return system->writeSection(section, block, path);
     }
-    return Report(ProfileStore::WriteSection(section, block, file));
-}
-
-std::string LastProfileFailure()
-{
-    return FailureOfThisThread();
+    return EditText(path, [&](const ProfileBytes& profile) {
+        return ProfileText::WithSection(profile.Text(), profile.Inward(section),
+                                        profile.Inward(block));
+    });
 }
 
 } // namespace velmo::platform

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Profile.h"
+#include "platform/Result.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -20,29 +23,41 @@
 namespace velmo::platform
 {
 
+/// Where a profile file lies: in the Windows directory when its name has no folder.
+[[nodiscard]] std::string ProfilePath(std::string_view file);
+
+/// The whole file, read once. Empty when there is none or it cannot be read.
+[[nodiscard]] Profile ReadProfile(std::string_view file);
+
+/// One section, read once, on Windows through Windows' own function if the file is "Win.ini", whose
+/// sections the system may keep elsewhere.
+[[nodiscard]] Profile ReadProfileSection(std::string_view file, std::string_view section);
+
 /// The value, cut to @a bufferSize - 1 characters; @a defaultText (trailing blanks cut) when the file,
-/// the section or the key is missing.
+/// the section or the key is missing. Reads the file.
 [[nodiscard]] std::string GetPrivateProfileText(std::string_view section, std::string_view key,
                                                 std::string_view defaultText,
                                                 std::size_t bufferSize, std::string_view file);
+
+/// The same of a profile that was read before.
+[[nodiscard]] std::string GetPrivateProfileText(std::string_view section, std::string_view key,
+                                                std::string_view defaultText,
+                                                std::size_t bufferSize, const Profile& profile);
 
 /// The section's lines without comments and empty lines, each ended by a NUL, blanks trimmed; cut to
 /// @a bufferSize - 2 characters. Empty when there is none.
 [[nodiscard]] std::string GetPrivateProfileSectionBlock(std::string_view section,
                                                         std::size_t bufferSize,
-                                                        std::string_view file);
+                                                        const Profile& profile);
 
 /// Writes a value; without a value deletes the key; without a key deletes the section. Creates the
 /// file but no folder. False when that failed, and for a CR, LF or NUL in a name or value, which
 /// would become lines of their own.
-bool WritePrivateProfileText(std::string_view section, std::optional<std::string_view> key,
-                             std::optional<std::string_view> value, std::string_view file);
+Result<Done> WritePrivateProfileText(std::string_view section, std::optional<std::string_view> key,
+                                     std::optional<std::string_view> value, std::string_view file);
 
 /// Replaces the section's lines by those of @a block (each ended by a NUL; CR and LF are refused).
-bool WritePrivateProfileSectionBlock(std::string_view section, std::string_view block,
-                                     std::string_view file);
-
-/// The system's reason for the last failed write on this thread, as a sentence.
-[[nodiscard]] std::string LastProfileFailure();
+Result<Done> WritePrivateProfileSectionBlock(std::string_view section, std::string_view block,
+                                             std::string_view file);
 
 } // namespace velmo::platform

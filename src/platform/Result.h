@@ -2,14 +2,14 @@
 
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <variant>
 
 namespace velmo
 {
 
-/// Why something did not work: the system's own number (a Windows error code, 12xxx for the
-/// internet's) and a sentence for the log or for a person.
+/// Why something did not work: a number (see ErrorCode.h) and a sentence for the log or for a person.
 struct Error
 {
     std::int32_t code = 0;
@@ -38,7 +38,35 @@ class [[nodiscard]] Result
     /// The error. Only when not Ok().
     [[nodiscard]] const Error& Failure() const { return std::get<Error>(m_content); }
 
+    /// The next step: what @a next makes of the value (a Result, or a value of one), or the error, past
+    /// it. `Open(path).Then(&ReadHeader)` fails with the first error of the two.
+    template <typename Next>
+    [[nodiscard]] auto Then(Next&& next) const&
+    {
+        return Continued(*this, std::forward<Next>(next));
+    }
+
+    template <typename Next>
+    [[nodiscard]] auto Then(Next&& next) &&
+    {
+        return Continued(std::move(*this), std::forward<Next>(next));
+    }
+
   private:
+    template <typename U>
+    static Result<U> Wrapped(Result<U> result);
+    template <typename U>
+    static Result<U> Wrapped(U value);
+
+    template <typename Self, typename Next>
+    static auto Continued(Self&& self, Next&& next)
+    {
+        using Value = decltype(std::forward<Self>(self).Value());
+        using Outcome = decltype(Wrapped(std::declval<std::invoke_result_t<Next, Value>>()));
+        return self ? Outcome(std::forward<Next>(next)(std::forward<Self>(self).Value()))
+                    : Outcome(self.Failure());
+    }
+
     std::variant<T, Error> m_content;
 };
 

@@ -20,11 +20,10 @@ namespace velmo::platform
                                                          std::string_view section,
                                                          std::string_view key);
 
+/// Writes a value. Error 5 when the user may not write there; natively also those of MFile.h, and 87 for
+/// names and values that would read back as something else (line breaks, "=" in a key, "]" in a
+/// section).
 Result<Done> WriteUserSetting(std::string_view application, std::string_view section,
                               std::string_view key, std::string_view value);
-
-/// Removes one value; an absent one is no error.
-Result<Done> DeleteUserSetting(std::string_view application, std::string_view section,
-                               std::string_view key);
 
 } // namespace velmo::platform

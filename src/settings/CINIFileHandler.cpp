@@ -2,38 +2,9 @@
 
 #include "platform/PrivateProfile.h"
 #include "settings/DiagnosticLog.h"
-#include "settings/LenientNumber.h"
-#include "settings/TextCase.h"
-
-#include <algorithm>
-#include <array>
-#include <charconv>
-#include <limits>
 
 namespace velmo
 {
-namespace
-{
-
-constexpr std::size_t kValueBuffer = 256;
-constexpr std::size_t kSectionBuffer = 32'767;
-
-std::string TextOf(float number, char decimalMark)
-{
-    std::array<char, 64> buffer{};
-    const auto end = std::to_chars(buffer.begin(), buffer.end(), number).ptr;
-    std::string text(buffer.begin(), end);
-    std::replace(text.begin(), text.end(), '.', decimalMark);
-    return text;
-}
-
-float ToSingle(double number)
-{
-    constexpr double kLargest = std::numeric_limits<float>::max();
-    return static_cast<float>(std::clamp(number, -kLargest, kLargest));
-}
-
-} // namespace
 
 CINIFileHandler::CINIFileHandler(DiagnosticLog& log, char decimalMark)
     : m_log(log), m_decimalMark(decimalMark)
@@ -50,55 +21,52 @@ void CINIFileHandler::MyDeleteAppProfileSection(std::string_view argSection)
               argSection, "");
 }
 
+SettingsSnapshot CINIFileHandler::Snapshot() const
+{
+    return SettingsSnapshot(platform::ReadProfile(m_fileName));
+}
+
+SettingsSnapshot CINIFileHandler::Snapshot(std::string_view argSection) const
+{
+    return SettingsSnapshot(platform::ReadProfileSection(m_fileName, argSection));
+}
+
 bool CINIFileHandler::MyGetAppProfileBoolean(std::string_view argSection, std::string_view argEntry,
                                              bool argDefault) const
 {
-    const std::string value =
-        MyGetAppProfileString(argSection, argEntry, argDefault ? "True" : "False");
-    return UpperCase(Trimmed(value)) == "TRUE" || LenientNumber(value) != 0;
+    return Snapshot(argSection).Boolean(argSection, argEntry, argDefault);
 }
 
 std::int16_t CINIFileHandler::MyGetAppProfileInteger(std::string_view argSection,
                                                      std::string_view argEntry,
                                                      std::int16_t argDefault) const
 {
-    return RoundedTo16Bits(
-        LenientNumber(MyGetAppProfileString(argSection, argEntry, std::to_string(argDefault))));
+    return Snapshot(argSection).Integer(argSection, argEntry, argDefault);
 }
 
 std::int32_t CINIFileHandler::MyGetAppProfileLong(std::string_view argSection,
                                                   std::string_view argEntry,
                                                   std::int32_t argDefault) const
 {
-    return RoundedTo32Bits(
-        LenientNumber(MyGetAppProfileString(argSection, argEntry, std::to_string(argDefault))));
-}
-
-std::string CINIFileHandler::MyGetAppProfileSection(std::string_view argSectionName) const
-{
-    return platform::GetPrivateProfileSectionBlock(argSectionName, kSectionBuffer, m_fileName);
+    return Snapshot(argSection).Long(argSection, argEntry, argDefault);
 }
 
 float CINIFileHandler::MyGetAppProfileSingle(std::string_view argSection, std::string_view argEntry,
                                              float argDefault) const
 {
-    std::string value =
-        MyGetAppProfileString(argSection, argEntry, TextOf(argDefault, m_decimalMark));
-    const bool isUsual = m_decimalMark == '.' || m_decimalMark == ',';
-    const std::size_t place = value.find(m_decimalMark == '.' ? ',' : '.');
-    if (isUsual && place != std::string::npos)
-    {
-        value[place] = m_decimalMark;
-    }
-    return ToSingle(LenientNumber(value));
+    return Snapshot(argSection).Single(argSection, argEntry, argDefault, m_decimalMark);
 }
 
 std::string CINIFileHandler::MyGetAppProfileString(std::string_view argSection,
                                                    std::string_view argEntry,
                                                    std::string_view argDefault) const
 {
-    return platform::GetPrivateProfileText(argSection, argEntry, argDefault, kValueBuffer,
-                                           m_fileName);
+    return Snapshot(argSection).String(argSection, argEntry, argDefault);
+}
+
+std::string CINIFileHandler::MyGetAppProfileSection(std::string_view argSectionName) const
+{
+    return Snapshot(argSectionName).Section(argSectionName);
 }
 
 void CINIFileHandler::MyWriteAppProfileBoolean(std::string_view argSection,
@@ -121,13 +89,14 @@ void CINIFileHandler::MyWriteAppProfileString(std::string_view argSection,
               argSection, argEntry);
 }
 
-void CINIFileHandler::LogUnless(bool written, std::string_view section,
+void CINIFileHandler::LogUnless(const Result<Done>& written, std::string_view section,
                                 std::string_view entry) const
 {
     if (!written)
     {
-        m_log.Write("Writing [" + std::string(section) + "] " + std::string(entry) + " in \"" +
-                    m_fileName + "\": " + platform::LastProfileFailure());
+        m_log.Failure("Writing [" + std::string(section) + "] " + std::string(entry) + " in \"" +
+                          m_fileName + "\"",
+                      written.Failure());
     }
 }
 

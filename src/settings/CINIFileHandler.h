@@ -1,6 +1,8 @@
 #pragma once
 
+#include "platform/Result.h"
 #include "platform/UserLocale.h"
+#include "settings/SettingsSnapshot.h"
 
 #include <cstdint>
 #include <string>
@@ -26,6 +28,12 @@ class CINIFileHandler
     /// The file that every operation works on, as it was given; empty at first.
     [[nodiscard]] const std::string& AppProfileFileName() const { return m_fileName; }
     void AppProfileFileName(std::string_view newVal) { m_fileName = newVal; }
+
+    /// The whole file, read once now.
+    [[nodiscard]] SettingsSnapshot Snapshot() const;
+
+    /// One section, read once now: how "Win.ini" is read, whose sections Windows may keep elsewhere.
+    [[nodiscard]] SettingsSnapshot Snapshot(std::string_view argSection) const;
 
     /// Empties the entry's value. The entry stays in the file and reads as the empty text from now on,
     /// not as a default.
@@ -71,7 +79,8 @@ class CINIFileHandler
                                  std::string_view argValue);
 
   private:
-    void LogUnless(bool written, std::string_view section, std::string_view entry) const;
+    void LogUnless(const Result<Done>& written, std::string_view section,
+                   std::string_view entry) const;
 
     DiagnosticLog& m_log;
     char m_decimalMark;

@@ -1,5 +1,7 @@
 #include "settings/CSectionDataCollection.h"
 
+#include "text/Utf8.h"
+
 #include <algorithm>
 
 namespace velmo
@@ -13,11 +15,6 @@ std::string_view TakeLine(std::string_view& text)
     const std::string_view line = text.substr(0, text.find('\n'));
     text.remove_prefix(std::min(line.size() + 1, text.size()));
     return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
-}
-
-bool StartsCharacter(char c)
-{
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
 }
 
 std::string_view WithoutFirstAndLastCharacter(std::string_view line)
@@ -41,6 +38,21 @@ bool IsHeader(std::string_view line)
 
 } // namespace
 
+SectionLine TakeSectionLine(std::string_view& text)
+{
+    const std::string_view line = TakeLine(text);
+    if (IsHeader(line))
+    {
+        return {SectionLine::Kind::Header, WithoutFirstAndLastCharacter(line), {}};
+    }
+    const std::size_t mark = line.find('=');
+    if (mark == std::string_view::npos)
+    {
+        return {};
+    }
+    return {SectionLine::Kind::Entry, line.substr(0, mark), line.substr(mark + 1)};
+}
+
 CEntry* CEntries::Add(std::string_view name, std::string_view value)
 {
     return KeyedCollection::Add(name, {std::string(name), std::string(value)});
@@ -57,15 +69,14 @@ CSectionDataCollection LoadSectionData(std::string_view text)
     CSectionData* current = nullptr;
     while (!text.empty())
     {
-        const std::string_view line = TakeLine(text);
-        const std::size_t mark = line.find('=');
-        if (IsHeader(line))
+        const SectionLine line = TakeSectionLine(text);
+        if (line.kind == SectionLine::Kind::Header)
         {
-            current = sections.Add(WithoutFirstAndLastCharacter(line));
+            current = sections.Add(line.name);
         }
-        else if (mark != std::string_view::npos && current != nullptr)
+        else if (line.kind == SectionLine::Kind::Entry && current != nullptr)
         {
-            current->Entries.Add(line.substr(0, mark), line.substr(mark + 1));
+            current->Entries.Add(line.name, line.value);
         }
     }
     return sections;

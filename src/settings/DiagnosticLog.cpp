@@ -1,7 +1,10 @@
 #include "settings/DiagnosticLog.h"
 
+#include "platform/ErrorCode.h"
 #include "platform/FileReader.h"
 #include "platform/MFile.h"
+#include "platform/SharedLock.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -19,6 +22,12 @@ namespace MFile = platform::MFile;
 constexpr std::uint64_t kMostBytes = 1U << 20;
 constexpr int kOldFilesKept = 3;
 
+/// A list of a hundred thousand bad names must not push out what the log held before.
+constexpr int kMostLinesInASpell = 500;
+constexpr std::chrono::minutes kSpell{1};
+constexpr std::size_t kLongestMessage = 4'096;
+constexpr std::chrono::seconds kLongestWait{1};
+
 std::string OldName(const std::string& path, int age)
 {
     const std::size_t dot = path.rfind('.');
@@ -26,7 +35,7 @@ std::string OldName(const std::string& path, int age)
            (dot == std::string::npos ? std::string() : path.substr(dot));
 }
 
-std::string TimeStamp(std::chrono::system_clock::time_point time)
+std::string TimeStamp(DiagnosticLog::TimePoint time)
 {
     const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
     const std::tm* utc = std::gmtime(&seconds);
@@ -39,7 +48,12 @@ std::string TimeStamp(std::chrono::system_clock::time_point time)
 
 DiagnosticLog::DiagnosticLog(std::string path, Clock clock)
     : m_path(std::move(path)), m_clock(std::move(clock))
-{}
+{
+    if (m_path.empty())
+    {
+        m_whyOff = Error{error_code::kFolderMissing, "The vendor's common folder is not known"};
+    }
+}
 
 void DiagnosticLog::Write(std::string_view message)
 {
@@ -49,12 +63,58 @@ void DiagnosticLog::Write(std::string_view message)
     }
     // The C library's calendar is one for all threads.
     const std::lock_guard lock(m_mutex);
-    std::string line = TimeStamp(m_clock()) + "  " + std::string(message);
+    const auto now = m_clock();
+    if (now - m_began > kSpell || now < m_began)
+    {
+        WriteLeftOut(now);
+        m_began = now;
+        m_lines = 0;
+    }
+    if (++m_lines <= kMostLinesInASpell)
+    {
+        Put(now, message);
+    }
+}
+
+DiagnosticLog::~DiagnosticLog()
+{
+    WriteLeftOut(m_began);
+}
+
+void DiagnosticLog::WriteLeftOut(TimePoint time)
+{
+    if (m_lines > kMostLinesInASpell)
+    {
+        Put(time, std::to_string(m_lines - kMostLinesInASpell) + " further lines are left out");
+    }
+}
+
+void DiagnosticLog::Put(TimePoint time, std::string_view message)
+{
+    std::string line = TimeStamp(time) + "  " + ValidUtf8(message.substr(0, kLongestMessage));
     std::replace_if(
-        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    Rotate();
-    // There is no better place to report a log that cannot be written.
-    (void)MFile::Append(m_path, line + "\r\n");
+        line.begin(), line.end(),
+        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }, ' ');
+    // Opened for each line: Windows lets nobody replace or delete a file that another has open.
+    const auto file = Open();
+    Keep(file ? file.Value().Write(line + "\r\n") : file.Failure());
+}
+
+Result<platform::OpenFile> DiagnosticLog::Open() const
+{
+    auto file = platform::OpenFile::Open(m_path, platform::OpenFile::For::Appending);
+    if (file && file.Value().Size() >= kMostBytes)
+    {
+        Rotate();
+        file = platform::OpenFile::Open(m_path, platform::OpenFile::For::Appending);
+    }
+    return file;
+}
+
+std::optional<Error> DiagnosticLog::WhyOff() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_whyOff;
 }
 
 void DiagnosticLog::Failure(std::string_view attempt, const Error& error)
@@ -65,10 +125,11 @@ void DiagnosticLog::Failure(std::string_view attempt, const Error& error)
 
 void DiagnosticLog::Rotate() const
 {
+    const auto lock = platform::SharedLock::Take(m_path, kLongestWait);
     const auto file = platform::FileReader::Open(m_path);
-    if (!file || file.Value().Size() < kMostBytes)
+    if (!lock || !file || file.Value().Size() < kMostBytes)
     {
-        return;
+        return; // Another process did it meanwhile, or will.
     }
     for (int age = kOldFilesKept; age >= 1; --age)
     {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/TextCase.h"
+#include "text/TextCase.h"
 
 #include <cstddef>
 #include <deque>
@@ -23,6 +23,10 @@ template <typename T>
 class KeyedCollection
 {
   public:
+    KeyedCollection() = default;
+    KeyedCollection(KeyedCollection&&) = default;
+    KeyedCollection& operator=(KeyedCollection&&) = default;
+
     /// Appends an item and gives it back; nullptr, and nothing added, when the key is taken.
     T* Add(std::string_view key, T item)
     {

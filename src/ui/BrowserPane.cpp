@@ -20,6 +20,9 @@ namespace
 
 constexpr int kMargin = 16;
 
+constexpr char kNoEngine[] = "This page can only be shown in your web browser, because no browser "
+                             "engine is installed for use inside this window:";
+
 std::string_view WithoutFragment(std::string_view address)
 {
     return address.substr(0, address.find('#'));
@@ -107,8 +110,7 @@ void BrowserPane::ShowAsLink()
 {
     if (m_link == nullptr)
     {
-        m_text->SetLabel(_("This page can only be shown in your web browser, because no browser "
-                           "engine is installed for use inside this window:"));
+        m_text->SetLabel(kNoEngine);
         m_link = new wxButton(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxBORDER_NONE | wxBU_LEFT);
         m_link->SetBackgroundColour(GetBackgroundColour());

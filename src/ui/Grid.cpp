@@ -57,7 +57,7 @@ void Grid::BindEvents()
         event.Skip();
         const auto row = static_cast<std::size_t>(event.GetRow());
         const auto column = static_cast<std::size_t>(event.GetCol());
-        if (m_model.Tick(row, column) != TickState::None)
+        if (m_model.Rows().Tick(row, column) != TickState::None)
         {
             m_tickClicked(row, column);
         }
@@ -97,7 +97,7 @@ void Grid::ToggleAtCursor()
     const int row = GetGridCursorRow();
     const int column = GetGridCursorCol();
     if (row >= 0 && column >= 0 &&
-        m_model.Tick(static_cast<std::size_t>(row), static_cast<std::size_t>(column)) !=
+        m_model.Rows().Tick(static_cast<std::size_t>(row), static_cast<std::size_t>(column)) !=
             TickState::None)
     {
         m_tickClicked(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
@@ -133,15 +133,18 @@ void Grid::OnColumnCellsChanged(std::size_t /*column*/)
 
 void Grid::OnPositionChanged()
 {
-    if (m_model.Rows().empty())
+    if (m_model.Rows().RowCount() == 0)
     {
         return;
     }
     const GridPosition position = m_model.Position();
     SetGridCursor(static_cast<int>(position.row), static_cast<int>(position.column));
-    MakeCellVisible(static_cast<int>(m_model.Rows().size()) - 1,
-                    static_cast<int>(position.leftColumn));
-    MakeCellVisible(static_cast<int>(position.topRow), static_cast<int>(position.leftColumn));
+    // Not by making a cell visible: one that is merged with others is as tall as all of them.
+    int xUnit = 1;
+    int yUnit = 1;
+    GetScrollPixelsPerUnit(&xUnit, &yUnit);
+    Scroll(GetColLeft(static_cast<int>(position.leftColumn)) / xUnit,
+           GetRowTop(static_cast<int>(position.topRow)) / yUnit);
 }
 
 void Grid::OnSizeToContents()

@@ -56,7 +56,7 @@ class TickRenderer final : public wxGridCellRenderer
 
 GridTable::GridTable(const GridModel& model, const wxFont& font)
     : m_model(model), m_font(font), m_bold(font.Bold()),
-      m_toldRows(static_cast<int>(model.Rows().size()))
+      m_toldRows(static_cast<int>(model.Rows().RowCount()))
 {}
 
 GridTable::~GridTable()
@@ -86,7 +86,7 @@ void GridTable::TellRowCount()
 
 int GridTable::GetNumberRows()
 {
-    return static_cast<int>(m_model.Rows().size());
+    return static_cast<int>(m_model.Rows().RowCount());
 }
 
 int GridTable::GetNumberCols()
@@ -96,9 +96,9 @@ int GridTable::GetNumberCols()
 
 wxString GridTable::GetValue(int row, int column)
 {
-    const auto r = static_cast<std::size_t>(row);
-    return r < m_model.Rows().size() ? ToWx(m_model.Text(r, static_cast<std::size_t>(column)))
-                                     : wxString();
+    return row < GetNumberRows() ? ToWx(m_model.Rows().Text(static_cast<std::size_t>(row),
+                                                            static_cast<std::size_t>(column)))
+                                 : wxString();
 }
 
 wxString GridTable::GetColLabelValue(int column)
@@ -110,12 +110,12 @@ wxString GridTable::GetColLabelValue(int column)
 
 GridTable::Look GridTable::LookOf(std::size_t row, std::size_t column) const
 {
-    const GridRow& content = m_model.Rows()[row];
-    const TickState tick = m_model.Tick(row, column);
+    const GridLook look = m_model.Rows().Look(row);
+    const TickState tick = m_model.Rows().Tick(row, column);
     const GridSpan span = m_model.SpanAt(row, column);
     const int place = row == span.first ? static_cast<int>(span.count)
                                         : static_cast<int>(span.first) - static_cast<int>(row);
-    return {Packed(content.background), Packed(content.textColour), content.bold,
+    return {Packed(look.background), Packed(look.text), look.bold,
             tick == TickState::None ? kNoTick : static_cast<int>(tick == TickState::Ticked), place};
 }
 

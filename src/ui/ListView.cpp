@@ -1,13 +1,10 @@
 #include "ui/ListView.h"
 
+#include "ui/SortArrow.h"
 #include "ui/Twips.h"
 #include "ui/WxText.h"
 
 #include <wx/dcclient.h>
-
-#ifdef __WXMSW__
-#include <wx/msw/wrapcctl.h>
-#endif
 
 #include <algorithm>
 #include <utility>
@@ -88,16 +85,15 @@ ListView::~ListView()
 
 void ListView::TakeSelection(long item)
 {
-    const auto& rows = m_model.Rows();
-    if (!m_showing && item >= 0 && static_cast<std::size_t>(item) < rows.size())
+    if (!m_showing && item >= 0)
     {
-        m_model.Select(std::string(rows[static_cast<std::size_t>(item)].key));
+        m_model.SelectAt(static_cast<std::size_t>(item));
     }
 }
 
 void ListView::OnRowsChanged()
 {
-    SetItemCount(static_cast<long>(m_model.Rows().size()));
+    SetItemCount(static_cast<long>(m_model.RowCount()));
     SizeNewColumns();
     ShowSelection();
     Refresh();
@@ -114,7 +110,7 @@ void ListView::OnColumnsChanged()
 
 void ListView::SizeNewColumns()
 {
-    if (m_model.Rows().empty())
+    if (m_model.RowCount() == 0)
     {
         return;
     }
@@ -128,9 +124,9 @@ void ListView::SizeNewColumns()
             continue;
         }
         int width = dc.GetTextExtent(ToWx(shown.title)).x + FromDIP(kHeaderMargin);
-        for (const ListRow& row : m_model.Rows())
+        for (std::size_t row = 0; row < m_model.RowCount(); ++row)
         {
-            const int text = dc.GetTextExtent(ToWx(row.cells[column - 1])).x;
+            const int text = dc.GetTextExtent(ToWx(m_model.Text(row, column))).x;
             width = std::max(width, text + FromDIP(kCellMargin));
         }
         m_model.SetColumnWidth(column, static_cast<float>(TwipsOfPixels(*this, width)));
@@ -166,45 +162,14 @@ void ListView::ShowMarks()
             ascending = *mark == SortOrder::Ascending;
         }
     }
-#ifdef __WXMSW__
-    // The toolkit's own indicator does not reach the native header under every system.
-    HWND header = ListView_GetHeader(static_cast<HWND>(GetHWND()));
-    for (int i = 0, n = Header_GetItemCount(header); i < n; ++i)
-    {
-        HDITEM item = {};
-        item.mask = HDI_FORMAT;
-        Header_GetItem(header, i, &item);
-        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
-        if (i == marked)
-        {
-            item.fmt |= ascending ? HDF_SORTUP : HDF_SORTDOWN;
-        }
-        Header_SetItem(header, i, &item);
-    }
-#else
-    if (marked >= 0)
-    {
-        ShowSortIndicator(marked, ascending);
-    }
-    else
-    {
-        RemoveSortIndicator();
-    }
-#endif
+    ShowSortArrow(*this, marked, ascending);
 }
 
 void ListView::ShowSelection()
 {
     const Flag showing(m_showing);
-    const ListRow* selected = m_model.SelectedRow();
-    long target = -1;
-    for (std::size_t i = 0; i < m_model.Rows().size() && selected != nullptr; ++i)
-    {
-        if (&m_model.Rows()[i] == selected)
-        {
-            target = static_cast<long>(i);
-        }
-    }
+    const auto selected = m_model.SelectedPosition();
+    const long target = selected ? static_cast<long>(*selected) : -1;
     const long current = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
     if (current >= 0 && current != target)
     {
@@ -226,23 +191,19 @@ void ListView::OnSelectionChanged()
     }
 }
 
-void ListView::OnScrollToRow(std::size_t row)
+void ListView::OnScrollTo(std::size_t position)
 {
-    EnsureVisible(static_cast<long>(row));
+    EnsureVisible(static_cast<long>(position));
 }
 
 wxString ListView::OnGetItemText(long item, long column) const
 {
-    const auto& rows = m_model.Rows();
-    const auto row = static_cast<std::size_t>(item);
-    return row < rows.size() ? ToWx(rows[row].cells[static_cast<std::size_t>(column)]) : wxString();
+    return ToWx(m_model.Text(static_cast<std::size_t>(item), static_cast<std::size_t>(column) + 1));
 }
 
 wxItemAttr* ListView::OnGetItemAttr(long item) const
 {
-    const auto& rows = m_model.Rows();
-    const auto row = static_cast<std::size_t>(item);
-    return row < rows.size() && rows[row].bold ? &m_boldRow : nullptr;
+    return m_model.Bold(static_cast<std::size_t>(item)) ? &m_boldRow : nullptr;
 }
 
 } // namespace velmo

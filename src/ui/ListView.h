@@ -28,7 +28,7 @@ class ListView final : public wxListCtrl, private ListViewModel::Observer
     void OnRowsChanged() override;
     void OnColumnsChanged() override;
     void OnSelectionChanged() override;
-    void OnScrollToRow(std::size_t row) override;
+    void OnScrollTo(std::size_t position) override;
 
     wxString OnGetItemText(long item, long column) const override;
     wxItemAttr* OnGetItemAttr(long item) const override;

@@ -14,8 +14,7 @@ class ProgressPicture final : public wxWindow
     /// @a filled is the filled part of the width, 0 to 1.
     void Set(double filled, const wxString& text);
 
-    /// What is shown now.
-    [[nodiscard]] double Filled() const { return m_filled; }
+    /// The text that is shown now.
     [[nodiscard]] const wxString& Text() const { return m_text; }
 
     [[nodiscard]] bool AcceptsFocus() const override { return false; }

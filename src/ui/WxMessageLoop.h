@@ -11,7 +11,7 @@ namespace velmo
 {
 
 /// The toolkit's message loop. Exists from the toolkit's start to its end.
-class WxMessageLoop final : public platform::MessageLoop
+class WxMessageLoop : public platform::MessageLoop
 {
   public:
     WxMessageLoop();

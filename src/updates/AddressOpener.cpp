@@ -1,7 +1,7 @@
 #include "updates/AddressOpener.h"
 
-#include "platform/WebAddress.h"
 #include "settings/DiagnosticLog.h"
+#include "text/WebAddress.h"
 
 #include <utility>
 
@@ -18,7 +18,7 @@ void AddressOpener::Open(std::string_view address)
     {
         return;
     }
-    const auto parsed = platform::ParseWebAddress(address);
+    const auto parsed = ParseWebAddress(address);
     if (!parsed)
     {
         m_log.Write("Not opened, as it is no http, https or ftp address: " + std::string(address));

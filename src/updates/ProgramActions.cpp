@@ -2,8 +2,9 @@
 
 #include "catalogue/ProgramCatalogue.h"
 #include "controls/UserPrompts.h"
-#include "settings/TextCase.h"
+#include "text/TextCase.h"
 #include "updates/AddressOpener.h"
+#include "updates/ProgramRow.h"
 
 namespace velmo
 {
@@ -23,11 +24,11 @@ ProgramActions::ProgramActions(const VendorServer& server, UserPrompts& prompts,
     : m_server(server), m_prompts(prompts), m_opener(opener)
 {}
 
-void ProgramActions::Download(std::int32_t index, std::string_view listedAddress)
+void ProgramActions::Download(const ProgramRow& program)
 {
     m_prompts.Notify(PromptIcon::Information, kReminder, kReminderTitle);
-    const std::string_view listed = Trimmed(listedAddress);
-    m_opener.Open(listed.empty() ? DemoSetupOfIndex(m_server, index) : std::string(listed));
+    const std::string_view listed = Trimmed(program.demoAddress);
+    m_opener.Open(listed.empty() ? DemoSetupOfIndex(m_server, program.index) : std::string(listed));
 }
 
 void ProgramActions::OpenUpdatePage(std::int32_t index)

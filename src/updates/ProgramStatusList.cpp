@@ -7,22 +7,13 @@
 #include "updates/VersionList.h"
 
 #include <algorithm>
-#include <utility>
-#include <vector>
 
 namespace velmo
 {
 namespace
 {
 
-constexpr std::string_view kNeedsUpdate = "Yes";
-constexpr std::string_view kUpToDate = "No";
-constexpr std::string_view kUnknown = "?";
-constexpr std::string_view kTryDemo = "No (Try Demo)";
-constexpr std::string_view kUnknownTryDemo = "? (Try Demo)";
-constexpr std::string_view kNotInstalled = "Not Installed";
-constexpr std::string_view kNotIntegrated = "-";
-
+/// In the order of ProgramColumn.
 std::vector<ListColumn> Columns()
 {
     std::vector<ListColumn> columns;
@@ -34,32 +25,11 @@ std::vector<ListColumn> Columns()
     return columns;
 }
 
-std::string InstalledText(const ProgramVersion& installed, bool canBeLocated)
+std::optional<std::int32_t> StartupOption(const CINIFileHandler& settings, std::string_view program)
 {
-    if (installed.majorNumber != 0)
-    {
-        return InstalledVersionText(installed);
-    }
-    return std::string(canBeLocated ? kNotInstalled : kUnknown);
-}
-
-std::string_view Status(const ProgramVersion& installed, const ProgramVersion& latest,
-                        bool canBeLocated)
-{
-    if (latest.majorNumber == 0)
-    {
-        return kUnknown;
-    }
-    if (installed.majorNumber != 0)
-    {
-        return IsUpToDate(installed, latest) ? kUpToDate : kNeedsUpdate;
-    }
-    return canBeLocated ? kTryDemo : kUnknownTryDemo;
-}
-
-const std::string& Cell(const ListRow& row, ProgramStatusList::Column column)
-{
-    return row.cells[column - 1];
+    return IsIntegrated(settings, program)
+               ? std::optional(ReadStartupOptions(settings, program).option)
+               : std::nullopt;
 }
 
 } // namespace
@@ -67,82 +37,73 @@ const std::string& Cell(const ListRow& row, ProgramStatusList::Column column)
 ProgramStatusList::ProgramStatusList(CVelmoProgramCommunicator& locator,
                                      const CINIFileHandler& settings,
                                      const VersionList& versionList)
-    : m_locator(locator), m_settings(settings), m_versionList(versionList), m_list(Columns())
+    : m_locator(locator), m_settings(settings), m_versionList(versionList), m_list(Columns(), *this)
 {}
 
 void ProgramStatusList::Rebuild(bool versionListPresent)
 {
-    std::vector<ListRow> rows;
+    m_rows.clear();
     for (std::int32_t index = 0; index < kProgramCount; ++index)
     {
-        if (index != kUnlistedRow)
+        if (IsListed(index))
         {
-            rows.push_back(MakeRow(index, versionListPresent));
+            m_rows.push_back(MakeRow(index, versionListPresent));
         }
     }
-    m_list.SetRows(std::move(rows));
-    if (const ListRow* selected = m_list.SelectedRow())
-    {
-        m_list.ScrollTo(selected->key);
-    }
+    m_list.RowsChanged();
+    m_list.ScrollTo(m_list.SelectedPosition());
 }
 
-ListRow ProgramStatusList::MakeRow(std::int32_t index, bool versionListPresent) const
+ProgramRow ProgramStatusList::MakeRow(std::int32_t index, bool versionListPresent) const
 {
-    const std::string name(NameOfIndex(index));
-    const std::int32_t number = LocatorNumberOfIndex(index);
-    const bool canBeLocated = number != kNoLocatorNumber;
-    const ProgramVersion installed = canBeLocated ? Installed(number) : ProgramVersion();
-
-    ListRow row;
-    row.key = name;
-    std::string latestText(kUnknown);
-    std::string_view status = kUnknown;
+    ProgramRow row;
+    row.index = index;
+    row.installed = LocatedVersion(m_locator, index);
     if (versionListPresent)
     {
-        const ListedProgram listed = m_versionList.Read(name);
-        status = Status(installed, listed.latest, canBeLocated);
-        latestText = listed.versionText;
+        m_versionList.Read(row);
     }
-    row.cells = {name, StartupText(name), InstalledText(installed, canBeLocated),
-                 std::move(latestText), std::string(status)};
-    row.bold = status == kNeedsUpdate;
+    row.startupOption = StartupOption(m_settings, row.Name());
     return row;
-}
-
-ProgramVersion ProgramStatusList::Installed(std::int32_t locatorNumber) const
-{
-    ProgramVersion version;
-    m_locator.SetFileVersion(locatorNumber, version.majorNumber, version.minorNumber,
-                             version.revision);
-    return version;
-}
-
-std::string ProgramStatusList::StartupText(std::string_view displayName) const
-{
-    if (!IsIntegrated(m_settings, displayName))
-    {
-        return std::string(kNotIntegrated);
-    }
-    return std::string(StartupOptionText(ReadStartupOptions(m_settings, displayName).option));
 }
 
 void ProgramStatusList::RefreshStartupOption(std::string_view displayName)
 {
-    m_list.SetCell(displayName, CheckOnStartup, StartupText(displayName));
+    for (ProgramRow& row : m_rows)
+    {
+        if (row.Name() == displayName)
+        {
+            row.startupOption = StartupOption(m_settings, displayName);
+        }
+    }
+    m_list.RowsChanged();
+}
+
+const ProgramRow* ProgramStatusList::Find(std::string_view displayName) const
+{
+    const auto row = std::ranges::find(m_rows, displayName, &ProgramRow::Name);
+    return row != m_rows.end() ? &*row : nullptr;
+}
+
+const ProgramRow* ProgramStatusList::Selected() const
+{
+    const auto row = m_list.SelectedRow();
+    return row ? &m_rows[*row] : nullptr;
+}
+
+std::string ProgramStatusList::Text(std::size_t row, std::size_t column) const
+{
+    return CellText(m_rows[row], static_cast<ProgramColumn>(column));
 }
 
 std::int32_t ProgramStatusList::CountThatNeedUpdate() const
 {
-    const auto& rows = m_list.Rows();
-    return static_cast<std::int32_t>(std::count_if(rows.begin(), rows.end(), [](const auto& row) {
-        return Cell(row, NeedToUpdate) == kNeedsUpdate;
-    }));
+    return static_cast<std::int32_t>(std::ranges::count_if(m_rows, &ProgramRow::NeedsUpdate));
 }
 
 ProgramButtons ProgramStatusList::Buttons() const
 {
-    const ListRow* row = m_list.SelectedRow();
+    const ProgramRow* row = Selected();
     if (row == nullptr)
     {
         return {{"Set &Update Options...", false},
@@ -150,13 +111,13 @@ ProgramButtons ProgramStatusList::Buttons() const
                 {"&Go to Update Page", false},
                 {"Go to &Info Page", false}};
     }
-    const std::string& status = Cell(*row, NeedToUpdate);
-    const bool demo = status == kTryDemo || status == kUnknownTryDemo;
-    return {{"Set &Update Options for " + row->key + "...",
-             Cell(*row, CheckOnStartup) != kNotIntegrated},
-            {(demo ? "&Download Demo for " : "&Download Update for ") + row->key, true},
-            {"&Go to Update Page for " + row->key, true},
-            {"Go to &Info Page for " + row->key, true}};
+    const std::string name = row->Name();
+    const UpdateStatus status = row->Status();
+    const bool demo = status == UpdateStatus::TryDemo || status == UpdateStatus::TryDemoOfUnknown;
+    return {{"Set &Update Options for " + name + "...", row->startupOption.has_value()},
+            {(demo ? "&Download Demo for " : "&Download Update for ") + name, true},
+            {"&Go to Update Page for " + name, true},
+            {"Go to &Info Page for " + name, true}};
 }
 
 } // namespace velmo

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "controls/ListViewModel.h"
-#include "updates/ProgramVersion.h"
+#include "updates/ProgramRow.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmo
 {
@@ -32,23 +34,12 @@ struct ProgramButtons
 };
 
 /**
-    The list of the vendor's programs: what is installed, what is latest, and what needs an update.
-    Rows are keyed by display name; a row's tag is the setup address that the version list gives.
-    User-interface thread.
+    The list of the vendor's programs: what is installed, what is latest, and what needs an update. It
+    owns the rows; the list view's model shows them, keyed by display name. User-interface thread.
  */
-class ProgramStatusList
+class ProgramStatusList final : private ListSource
 {
   public:
-    /// Columns of the list view, numbered from 1.
-    enum Column : std::size_t
-    {
-        Program = 1,
-        CheckOnStartup,
-        InstalledVersion,
-        LatestVersion,
-        NeedToUpdate,
-    };
-
     /// All references must outlive the object.
     ProgramStatusList(CVelmoProgramCommunicator& locator, const CINIFileHandler& settings,
                       const VersionList& versionList);
@@ -56,8 +47,15 @@ class ProgramStatusList
     /// Rebuilds all rows. Keeps the selection and makes it visible.
     void Rebuild(bool versionListPresent);
 
-    /// Reads a program's start-up option again and rewrites that cell.
+    /// Reads a program's start-up option again.
     void RefreshStartupOption(std::string_view displayName);
+
+    /// In the catalogue's order.
+    [[nodiscard]] std::span<const ProgramRow> Rows() const { return m_rows; }
+    /// The row of that display name, or the one selected in the list view; nullptr for none. Valid
+    /// until the next Rebuild().
+    [[nodiscard]] const ProgramRow* Find(std::string_view displayName) const;
+    [[nodiscard]] const ProgramRow* Selected() const;
 
     [[nodiscard]] ListViewModel& List() { return m_list; }
     [[nodiscard]] const ListViewModel& List() const { return m_list; }
@@ -68,16 +66,18 @@ class ProgramStatusList
     /// The buttons for the selected row; without one, their plain captions, none enabled.
     [[nodiscard]] ProgramButtons Buttons() const;
 
-    /// The version of a located program; zeros when it is not found.
-    [[nodiscard]] ProgramVersion Installed(std::int32_t locatorNumber) const;
-
   private:
-    [[nodiscard]] ListRow MakeRow(std::int32_t index, bool versionListPresent) const;
-    [[nodiscard]] std::string StartupText(std::string_view displayName) const;
+    [[nodiscard]] std::size_t RowCount() const override { return m_rows.size(); }
+    [[nodiscard]] std::string Key(std::size_t row) const override { return m_rows[row].Name(); }
+    [[nodiscard]] std::string Text(std::size_t row, std::size_t column) const override;
+    [[nodiscard]] bool Bold(std::size_t row) const override { return m_rows[row].NeedsUpdate(); }
+
+    [[nodiscard]] ProgramRow MakeRow(std::int32_t index, bool versionListPresent) const;
 
     CVelmoProgramCommunicator& m_locator;
     const CINIFileHandler& m_settings;
     const VersionList& m_versionList;
+    std::vector<ProgramRow> m_rows;
     ListViewModel m_list;
 };
 

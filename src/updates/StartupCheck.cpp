@@ -3,11 +3,103 @@
 #include "catalogue/CVelmoProgramCommunicator.h"
 #include "catalogue/ProgramCatalogue.h"
 #include "settings/CINIFileHandler.h"
+#include "text/TextCase.h"
 #include "updates/StartupOptions.h"
 #include "updates/VersionList.h"
 
+#include <algorithm>
+#include <array>
+
 namespace velmo
 {
+namespace
+{
+
+/// Which question is asked when; "%p", "%d" and "%g" stand for the program and the two counts.
+struct Question
+{
+    bool program;
+    bool databases;
+    bool pictures;
+    std::string_view text;
+};
+
+constexpr std::array kQuestions{
+    Question{true, true, true,
+             "An update is available for %p, and updates are also available for %d of the HVAC "
+             "equipment databases that you have installed, and %g of the HVAC equipment picture "
+             "groups that you have installed.  Would you like to see the list of available "
+             "updates?"},
+    Question{true, true, false,
+             "An update is available for %p, and updates are also available for %d of the HVAC "
+             "equipment databases that you have installed.  Would you like to see the list of "
+             "available updates?"},
+    Question{true, false, true,
+             "An update is available for %p, and updates are also available for %g of the HVAC "
+             "equipment picture groups that you have installed.  Would you like to see the list "
+             "of available updates?"},
+    Question{false, true, true,
+             "Updates are available for %d of the HVAC equipment databases that you have "
+             "installed, and %g of the HVAC equipment picture groups that you have installed.  "
+             "Would you like to see the list of available updates?"},
+    Question{false, true, false,
+             "Updates are available for %d of the HVAC equipment databases that you have "
+             "installed.  Would you like to see the list of available updates?"},
+    Question{false, false, true,
+             "Updates are available for %g of the HVAC equipment picture groups that you have "
+             "installed.  Would you like to see the list of available updates?"},
+};
+
+void Replace(std::string& text, std::string_view placeholder, std::string_view value)
+{
+    const std::size_t position = text.find(placeholder);
+    if (position != std::string::npos)
+    {
+        text.replace(position, placeholder.size(), value);
+    }
+}
+
+} // namespace
+
+StartupRequest::StartupRequest(std::string_view commandLine)
+    : text(Trimmed(commandLine)),
+      startupMode(UpperCase(commandLine).find("STARTUP") != std::string::npos),
+      databasesTab(commandLine.find(kEquipmentName) != std::string_view::npos),
+      caller(CallerOfCommandLine(commandLine)), callerIndex(IndexOfName(caller))
+{}
+
+bool StartupRequest::AsksForStatus() const
+{
+    return !text.empty() && !startupMode && !databasesTab;
+}
+
+StartupOutcome StartupFindings::Outcome() const
+{
+    if (equipment.Any())
+    {
+        return StartupOutcome::Question;
+    }
+    return update ? StartupOutcome::Dialog : StartupOutcome::Nothing;
+}
+
+std::string StartupQuestion(const StartupFindings& findings, std::string_view caller)
+{
+    const auto* const question =
+        std::find_if(kQuestions.begin(), kQuestions.end(), [&findings](const Question& row) {
+            return row.program == findings.update.has_value() &&
+                   row.databases == (findings.equipment.databases > 0) &&
+                   row.pictures == (findings.equipment.pictures > 0);
+        });
+    if (question == kQuestions.end())
+    {
+        return {};
+    }
+    std::string text(question->text);
+    Replace(text, "%d", std::to_string(findings.equipment.databases));
+    Replace(text, "%g", std::to_string(findings.equipment.pictures));
+    Replace(text, "%p", caller);
+    return text;
+}
 
 StartupCheck::StartupCheck(CVelmoProgramCommunicator& locator, CINIFileHandler& settings,
                            const VersionList& versionList)
@@ -33,21 +125,19 @@ StartupFindings StartupCheck::CheckCaller(
         return findings; // No program to compare, and nobody's option asks for equipment.
     }
     const StartupOptions options = ReadStartupOptions(m_settings, request.caller);
-    const ProgramVersion installed = options.option == startup_option::kCheck
-                                         ? Installed(request.callerIndex)
-                                         : ProgramVersion();
-    const bool compare = installed.majorNumber != 0;
-    if ((!compare && !options.notifyOfEquipment) || !fetchLists())
+    ProgramRow row{.index = request.callerIndex};
+    if (options.option == startup_option::kCheck)
+    {
+        row.installed = LocatedVersion(m_locator, row.index);
+    }
+    if ((!row.IsInstalled() && !options.notifyOfEquipment) || !fetchLists())
     {
         return findings;
     }
-    if (compare)
+    m_versionList.Read(row);
+    if (row.NeedsUpdate())
     {
-        const ListedProgram listed = m_versionList.Read(request.caller);
-        findings.programNeedsUpdate =
-            listed.latest.majorNumber != 0 && !IsUpToDate(installed, listed.latest);
-        findings.installedVersion = InstalledVersionText(installed);
-        findings.latestVersion = listed.versionText;
+        findings.update = row;
     }
     if (options.notifyOfEquipment)
     {
@@ -56,33 +146,18 @@ StartupFindings StartupCheck::CheckCaller(
     return findings;
 }
 
-std::optional<UpdateNotice> StartupCheck::CheckSelf(const ProgramVersion& running) const
+std::optional<ProgramRow> StartupCheck::CheckSelf(const ProgramVersion& running) const
 {
-    const std::string name(NameOfIndex(kOwnRow));
-    const ListedProgram listed = m_versionList.Read(name);
-    if (listed.latest.majorNumber == 0)
+    ProgramRow row{.index = kOwnRow};
+    m_versionList.Read(row);
+    row.installed = LocatedVersion(m_locator, row.index);
+    if (!row.IsInstalled())
     {
-        return std::nullopt;
+        row.installed = running;
     }
-    const ProgramVersion found = Installed(kOwnRow);
-    const ProgramVersion& installed = found.majorNumber != 0 ? found : running;
-    if (IsUpToDate(installed, listed.latest))
-    {
-        return std::nullopt;
-    }
-    return UpdateNotice{kOwnRow, name, InstalledVersionText(installed), listed.versionText};
-}
-
-ProgramVersion StartupCheck::Installed(std::int32_t index) const
-{
-    ProgramVersion version;
-    const std::int32_t number = LocatorNumberOfIndex(index);
-    if (number != kNoLocatorNumber)
-    {
-        m_locator.SetFileVersion(number, version.majorNumber, version.minorNumber,
-                                 version.revision);
-    }
-    return version;
+    // A version of zeros, as of a build without one, is older than any.
+    const bool needsUpdate = row.latest.majorNumber != 0 && !IsUpToDate(row.installed, row.latest);
+    return needsUpdate ? std::optional(row) : std::nullopt;
 }
 
 } // namespace velmo

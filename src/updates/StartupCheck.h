@@ -1,11 +1,12 @@
 #pragma once
 
-#include "updates/ProgramVersion.h"
-#include "updates/StartupFindings.h"
-#include "updates/StartupRequest.h"
+#include "updates/ProgramRow.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace velmo
 {
@@ -13,6 +14,55 @@ namespace velmo
 class CINIFileHandler;
 class CVelmoProgramCommunicator;
 class VersionList;
+
+/// What the command line asks for. It is searched, never split into words: the other programs of the
+/// vendor write it in more than one way.
+struct StartupRequest
+{
+    /// Pure.
+    explicit StartupRequest(std::string_view commandLine);
+
+    std::string text;             ///< The whole command line without blanks at its ends.
+    bool startupMode = false;     ///< "STARTUP" in any case: speak up only when there is an update.
+    bool databasesTab = false;    ///< "Manufacturer Databases": open on the equipment tab.
+    std::string caller;           ///< Display name of the program that started this; may be empty.
+    std::int32_t callerIndex = 0; ///< Its row in the catalogue; 0 without a caller.
+
+    /// Whether it names a program whose status the user waits for.
+    [[nodiscard]] bool AsksForStatus() const;
+};
+
+/// How many installed databases and installed picture groups need an update.
+struct EquipmentCounts
+{
+    std::int32_t databases = 0;
+    std::int32_t pictures = 0;
+
+    [[nodiscard]] bool Any() const { return databases + pictures > 0; }
+};
+
+/// What a start-up run comes to.
+enum class StartupOutcome
+{
+    Nothing,  ///< The program ends and nobody notices.
+    Question, ///< Whether the person wants to see the list of updates.
+    Dialog,   ///< The update dialog of the calling program.
+};
+
+/// What a start-up run found out for its caller. A plain value.
+struct StartupFindings
+{
+    std::optional<ProgramRow> update{}; ///< The caller's row, when it needs an update.
+    EquipmentCounts equipment{};
+
+    [[nodiscard]] StartupOutcome Outcome() const;
+};
+
+inline constexpr std::string_view kStartupQuestionTitle = "View Available Updates?";
+
+/// The question that the findings lead to, for a caller of that display name; empty when they lead to
+/// none.
+[[nodiscard]] std::string StartupQuestion(const StartupFindings& findings, std::string_view caller);
 
 /// Finds out whether there is something to tell: for a program that starts the update manager at its
 /// own start, and about the update manager itself. No window. User-interface thread.
@@ -34,14 +84,12 @@ class StartupCheck
         const StartupRequest& request, const std::function<bool()>& fetchLists,
         const std::function<EquipmentCounts()>& countEquipment) const;
 
-    /// The update manager's own update, by the version list that is there. Nothing when the list is
-    /// missing or has no version. @a running is what counts as installed when no version can be read
-    /// where the locator looks, as when the program runs from another folder.
-    [[nodiscard]] std::optional<UpdateNotice> CheckSelf(const ProgramVersion& running) const;
+    /// The update manager's own row, when it needs an update by the version list that is there.
+    /// @a running is what counts as installed when no version can be read where the locator looks, as
+    /// when the program runs from another folder.
+    [[nodiscard]] std::optional<ProgramRow> CheckSelf(const ProgramVersion& running) const;
 
   private:
-    [[nodiscard]] ProgramVersion Installed(std::int32_t index) const;
-
     CVelmoProgramCommunicator& m_locator;
     CINIFileHandler& m_settings;
     const VersionList& m_versionList;

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "controls/UserPrompts.h"
-#include "updates/StartupFindings.h"
-#include "updates/StartupRequest.h"
+#include "updates/StartupCheck.h"
 
 #include <string>
 
@@ -32,7 +31,8 @@ class UpdatePrompts : public UserPrompts
     virtual QuestionAnswer AskToViewUpdates(const StartupRequest& request,
                                             const std::string& question) = 0;
 
-    virtual DialogAnswer ShowUpdateDialog(const UpdateNotice& notice) = 0;
+    /// Tells of the update of that program and offers its download.
+    virtual DialogAnswer ShowUpdateDialog(const ProgramRow& program) = 0;
 };
 
 } // namespace velmo

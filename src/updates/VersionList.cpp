@@ -2,6 +2,7 @@
 
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
+#include "updates/ProgramRow.h"
 
 #include <stdexcept>
 #include <utility>
@@ -27,20 +28,19 @@ std::int32_t VersionList::ReadNumber(const CINIFileHandler& list, std::string_vi
     }
 }
 
-ListedProgram VersionList::Read(std::string_view displayName) const
+void VersionList::Read(ProgramRow& row) const
 {
     CINIFileHandler list(m_log);
     list.AppProfileFileName(m_path);
-    ListedProgram program;
-    program.latest.majorNumber = ReadNumber(list, displayName, "Major");
-    if (program.latest.majorNumber != 0)
+    const std::string name = row.Name();
+    row.latest = {};
+    row.latest.majorNumber = ReadNumber(list, name, "Major");
+    if (row.latest.majorNumber != 0)
     {
-        program.latest.minorNumber = ReadNumber(list, displayName, "Minor");
-        program.latest.revision = ReadNumber(list, displayName, "Revision");
+        row.latest.minorNumber = ReadNumber(list, name, "Minor");
+        row.latest.revision = ReadNumber(list, name, "Revision");
     }
-    program.versionText = LatestVersionText(program.latest);
-    program.demoUrl = list.MyGetAppProfileString(displayName, "Demo URL", "");
-    return program;
+    row.demoAddress = list.MyGetAppProfileString(name, "Demo URL", "");
 }
 
 } // namespace velmo

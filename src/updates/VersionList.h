@@ -1,7 +1,6 @@
 #pragma once
 
-#include "updates/ProgramVersion.h"
-
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -10,14 +9,7 @@ namespace velmo
 
 class CINIFileHandler;
 class DiagnosticLog;
-
-/// What the version list says of one program.
-struct ListedProgram
-{
-    ProgramVersion latest; ///< Major number 0: the list has no version of it.
-    std::string versionText;
-    std::string demoUrl; ///< Address of the setup as currently published; may be empty.
-};
+struct ProgramRow;
 
 /// The downloaded version list, one section per program. A missing file, section or key reads as
 /// zeros and empty texts; a number out of range too, with a line in the log.
@@ -26,7 +18,8 @@ class VersionList
   public:
     VersionList(std::string path, DiagnosticLog& log);
 
-    [[nodiscard]] ListedProgram Read(std::string_view displayName) const;
+    /// Sets what the list says of the row's program: its latest version and its setup's address.
+    void Read(ProgramRow& row) const;
 
   private:
     [[nodiscard]] std::int32_t ReadNumber(const CINIFileHandler& list, std::string_view displayName,

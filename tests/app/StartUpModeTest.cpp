@@ -1,11 +1,11 @@
+#include "manager/FetchedFiles.h"
 #include "platform/HeadlessLoop.h"
 #include "platform/MFile.h"
 #include "platform/Processes.h"
 #include "sample/SampleImage.h"
-#include "tests/support/DeadPort.h"
 #include "tests/support/FaultServer.h"
+#include "tests/support/LoopbackSocket.h"
 #include "tests/support/TemporaryDesktop.h"
-#include "updates/ListFiles.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -71,12 +71,12 @@ class StartUpModeTest : public testing::Test
 };
 
 /// Where the program's list files are when it lies where it was built.
-ListFiles ProgramsLists()
+FetchedFiles ProgramsLists()
 {
     const std::string program = MFile::FullPath(MFile::FromCommandLine(VELMO_PROGRAM));
     const bool isWindowsPath = program.find('\\') != std::string::npos && program[1] == ':';
-    return ListFiles(isWindowsPath ? program.substr(0, program.rfind('\\') + 1)
-                                   : "C:\\Program Files\\Velmo Software\\Update Manager\\");
+    return FetchedFiles(isWindowsPath ? program.substr(0, program.rfind('\\') + 1)
+                                      : "C:\\Program Files\\Velmo Software\\Update Manager\\");
 }
 
 TEST_F(StartUpModeTest, WithNothingToSayTheProgramEndsAndLeavesNothing)

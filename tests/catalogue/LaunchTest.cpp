@@ -3,7 +3,7 @@
 #include "platform/MFile.h"
 #include "settings/DiagnosticLog.h"
 #include "tests/support/RecordedPrompts.h"
-#include "tests/support/StartableProgram.h"
+#include "tests/support/TemporaryDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -60,11 +60,11 @@ TEST_F(LaunchTest, TheProgramIsStartedElseItsPreviousGeneration)
     m_desktop.SetWinIniFolder("PsychrochartDirectory", m_desktop.Folder());
     m_desktop.Write("Psychrochart.exe", "no program");
     EXPECT_NE(Launch().find("\\Psychrochart.exe"), std::string::npos);
-    test::WriteStartableProgram(m_desktop, "Psychrochart.exe");
+    m_desktop.WriteProgram("Psychrochart.exe");
     EXPECT_EQ(Launch(), "");
     m_desktop.Write("Psychrochartw.exe", "no program");
     EXPECT_NE(Launch().find("\\Psychrochartw.exe"), std::string::npos);
-    test::WriteStartableProgram(m_desktop, "Psychrochartw.exe");
+    m_desktop.WriteProgram("Psychrochartw.exe");
     EXPECT_EQ(Launch(), "");
     EXPECT_TRUE(m_prompts.notices.empty());
 }

@@ -1,10 +1,10 @@
 #include "companion/Commands.h"
 
 #include "sample/PeImageWriter.h"
-#include "tests/support/DeadPort.h"
 #include "tests/support/FaultServer.h"
+#include "tests/support/LoopbackSocket.h"
 #include "tests/support/TemporaryDesktop.h"
-#include "tests/support/TestData.h"
+#include "tests/support/TestSystem.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -20,9 +20,17 @@ class ListViewHandlerTest : public testing::Test
   protected:
     ListViewHandlerTest() { m_settings.AppProfileFileName(m_desktop.Folder() + "VelmoUpd.ini"); }
 
-    static ListViewModel Fresh()
+    struct NoRows final : ListSource
     {
-        return ListViewModel({{"One", 100, {}}, {"Two", 200, {}}, {"Three", 300, {}}});
+        std::size_t RowCount() const override { return 0; }
+        std::string Key(std::size_t /*row*/) const override { return {}; }
+        std::string Text(std::size_t /*row*/, std::size_t /*column*/) const override { return {}; }
+        bool Bold(std::size_t /*row*/) const override { return false; }
+    };
+
+    ListViewModel Fresh() const
+    {
+        return ListViewModel({{"One", 100, {}}, {"Two", 200, {}}, {"Three", 300, {}}}, m_noRows);
     }
 
     static std::vector<Mark> Marks(const ListViewModel& list)
@@ -45,6 +53,7 @@ class ListViewHandlerTest : public testing::Test
         return widths;
     }
 
+    const NoRows m_noRows;
     const test::TemporaryDesktop m_desktop;
     DiagnosticLog m_log{""};
     CINIFileHandler m_settings{m_log, '.'};

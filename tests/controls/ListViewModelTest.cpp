@@ -18,41 +18,54 @@ struct Notes final : ListViewModel::Observer
     void OnRowsChanged() override { list.emplace_back("rows"); }
     void OnColumnsChanged() override { list.emplace_back("columns"); }
     void OnSelectionChanged() override { list.emplace_back("selection"); }
-    void OnScrollToRow(std::size_t row) override { list.push_back("row " + std::to_string(row)); }
+    void OnScrollTo(std::size_t row) override { list.push_back("row " + std::to_string(row)); }
 
     std::vector<std::string> Take() { return std::exchange(list, {}); }
 
     std::vector<std::string> list;
 };
 
-ListRow Row(const std::string& name, const std::string& size)
+/// Rows of a name, which is the key, and a size.
+struct Sizes final : ListSource
 {
-    ListRow row;
-    row.key = name;
-    row.cells = {name, size};
-    return row;
-}
+    std::size_t RowCount() const override { return rows.size(); }
+    std::string Key(std::size_t row) const override { return rows[row].first; }
+    std::string Text(std::size_t row, std::size_t column) const override
+    {
+        return column == 1 ? rows[row].first : rows[row].second;
+    }
+    bool Bold(std::size_t row) const override { return rows[row].second == "2"; }
+
+    std::vector<std::pair<std::string, std::string>> rows;
+};
 
 class ListViewModelTest : public testing::Test
 {
   protected:
     ListViewModelTest()
     {
-        m_model.SetRows({Row("c", "2"), Row("a", "10"), Row("d", "2"), Row("b", "")});
+        Show({{"c", "2"}, {"a", "10"}, {"d", "2"}, {"b", ""}});
         m_model.Observe(&m_notes);
+    }
+
+    void Show(std::vector<std::pair<std::string, std::string>> rows)
+    {
+        m_sizes.rows = std::move(rows);
+        m_model.RowsChanged();
     }
 
     std::string Keys() const
     {
         std::string keys;
-        for (const ListRow& row : m_model.Rows())
+        for (std::size_t position = 0; position < m_model.RowCount(); ++position)
         {
-            keys += row.key;
+            keys += m_model.Text(position, 1);
         }
         return keys;
     }
 
-    ListViewModel m_model{{{"Name", 100, {}}, {"Size", 50, {}}}};
+    Sizes m_sizes;
+    ListViewModel m_model{{{"Name", 100, {}}, {"Size", 50, {}}}, m_sizes};
     Notes m_notes;
 };
 
@@ -76,14 +89,20 @@ TEST_F(ListViewModelTest, EqualRowsKeepTheOrderTheyCameInUnderEitherOrder)
     }
 }
 
-TEST_F(ListViewModelTest, NewRowsAndCellsAreSortedIn)
+TEST_F(ListViewModelTest, NewRowsAreSortedInAndOldOnesAreReadAnew)
 {
     m_model.Sort(2, SortOrder::Ascending);
-    m_model.SetCell("c", 2, "11");
+    m_sizes.rows[0].second = "11";
+    m_model.RowsChanged();
     EXPECT_EQ(Keys(), "bdac");
-    m_model.SetRows({Row("x", "3"), Row("y", "1")});
+    EXPECT_EQ(m_model.Text(3, 2), "11");
+    EXPECT_TRUE(m_model.Bold(1));
+    EXPECT_FALSE(m_model.Bold(3));
+    Show({{"x", "3"}, {"y", "1"}});
     EXPECT_EQ(Keys(), "yx");
     EXPECT_EQ(m_model.SortedColumn(), 2U);
+    EXPECT_EQ(m_model.Text(2, 1), "") << "beyond the last row";
+    EXPECT_FALSE(m_model.Bold(2));
 }
 
 TEST_F(ListViewModelTest, TheSelectionFollowsItsRow)
@@ -92,29 +111,32 @@ TEST_F(ListViewModelTest, TheSelectionFollowsItsRow)
     EXPECT_TRUE(m_model.Select("d"));
     EXPECT_THAT(m_notes.Take(), ElementsAre("selection"));
     m_model.Sort(1, SortOrder::Ascending);
-    m_model.ScrollTo("d");
+    m_model.ScrollTo(m_model.SelectedPosition());
     EXPECT_THAT(m_notes.Take(), ElementsAre("rows", "row 3"));
-    ASSERT_NE(m_model.SelectedRow(), nullptr);
-    EXPECT_EQ(m_model.SelectedRow()->key, "d");
+    EXPECT_EQ(m_model.SelectedRow(), 2U) << "its number in the source";
     EXPECT_FALSE(m_model.Select("no such row"));
-    EXPECT_EQ(m_model.SelectedRow(), nullptr);
-    m_model.ScrollTo("no such row");
+    EXPECT_EQ(m_model.SelectedRow(), std::nullopt);
+    m_model.ScrollTo(m_model.SelectedPosition());
+    m_model.ScrollTo(4);
     EXPECT_THAT(m_notes.Take(), ElementsAre("selection"));
+    m_model.SelectAt(4);
+    EXPECT_TRUE(m_notes.Take().empty());
+    m_model.SelectAt(1);
+    EXPECT_EQ(m_model.SelectedRow(), 3U);
 }
 
 TEST_F(ListViewModelTest, TheSelectedRowStaysSelectedAmongNewOnes)
 {
     m_model.Select("d");
     m_notes.Take();
-    m_model.SetRows({Row("a", "2"), Row("d", "1")});
-    ASSERT_NE(m_model.SelectedRow(), nullptr);
-    EXPECT_EQ(m_model.SelectedRow()->cells[0], "d");
+    Show({{"a", "2"}, {"d", "1"}});
+    EXPECT_EQ(m_model.SelectedRow(), 1U);
     EXPECT_THAT(m_notes.Take(), ElementsAre("rows", "selection"));
-    m_model.SetRows({Row("a", "2")});
-    EXPECT_EQ(m_model.SelectedRow(), nullptr);
+    Show({{"a", "2"}});
+    EXPECT_EQ(m_model.SelectedRow(), std::nullopt);
 }
 
-TEST_F(ListViewModelTest, OnlyRealChangesAreTold)
+TEST_F(ListViewModelTest, OnlyRealChangesOfColumnsAreTold)
 {
     m_model.SetColumnWidth(2, 60);
     m_model.SetColumnWidth(2, 60);
@@ -123,12 +145,7 @@ TEST_F(ListViewModelTest, OnlyRealChangesAreTold)
     EXPECT_THAT(m_notes.Take(), ElementsAre("columns", "columns"));
     m_model.SetColumnWidth(0, 70);
     m_model.SetColumnMark(3, SortOrder::Ascending);
-    m_model.SetCell("a", 3, "x");
-    m_model.SetCell("e", 1, "x");
     EXPECT_TRUE(m_notes.Take().empty());
-    m_model.SetCell("b", 2, "x");
-    EXPECT_EQ(m_model.Find("b")->cells[1], "x");
-    EXPECT_THAT(m_notes.Take(), ElementsAre("rows"));
 }
 
 TEST(StatusBoxModelTest, LinesAreAddedAtTheEnd)
@@ -136,10 +153,12 @@ TEST(StatusBoxModelTest, LinesAreAddedAtTheEnd)
     StatusBoxModel box;
     std::vector<std::string> seen;
     box.AddLine("before anybody looks");
-    box.Observe([&] { seen.push_back(box.Text()); });
+    auto observing = box.Changed().Add([&] { seen.push_back(box.Text()); });
     box.Clear();
     box.AddLine("one");
     box.AddLine("two");
+    observing.reset();
+    box.AddLine("nobody looks any more");
     EXPECT_THAT(seen, ElementsAre("", "one\r\n", "one\r\ntwo\r\n"));
 }
 

@@ -1,5 +1,6 @@
 #include "download/UrlToFile.h"
 
+#include "platform/ErrorCode.h"
 #include "platform/HeadlessLoop.h"
 #include "platform/MFile.h"
 #include "tests/support/FaultServer.h"
@@ -18,67 +19,67 @@ namespace MFile = platform::MFile;
 class UrlToFileTest : public testing::Test
 {
   protected:
+    /// The error's code, 0 when the file is there.
+    std::int32_t Download(const std::string& path) { return Download(path, m_path); }
+
+    std::int32_t Download(const std::string& path, const std::string& file)
+    {
+        const Result<Done> outcome = m_download.Download(m_server.Url(path), file);
+        return outcome ? 0 : outcome.Failure().code;
+    }
+
     test::TemporaryDesktop m_desktop;
     FaultServer m_server;
     platform::HeadlessLoop m_loop;
-    std::string m_path = m_desktop.Folder() + "version.ini";
-    UrlToFile m_download{m_loop};
+    std::chrono::steady_clock::time_point m_now;
+    UrlToFile m_download{m_loop, {.mostBytes = kMostBytesOfAList}, [this] { return m_now; }};
+    std::string m_path = m_desktop.Write("version.ini", "an older and longer content than the new");
 };
 
-TEST_F(UrlToFileTest, TheFileHoldsWhatTheServerSent)
+TEST_F(UrlToFileTest, AFailureLeavesTheOldFileAndASuccessReplacesIt)
 {
     m_server.Serve("/list", "[Loadcalc 8]\r\nMajor=8\r\n");
+    m_server.Serve("/as-large-as-allowed", std::string(kMostBytesOfAList, 'x'));
+    m_server.Serve("/larger", std::string(kMostBytesOfAList + 1, 'x'));
+    EXPECT_EQ(Download("/missing"), error_code::kNotOnServer);
+    EXPECT_EQ(Download("/larger"), error_code::kTooLarge);
     m_server.Serve("/empty", "");
-    m_desktop.Write("version.ini", "an older and much longer content than the new one has");
-    EXPECT_TRUE(m_download.Download(m_server.Url("/list"), m_path));
+    EXPECT_EQ(Download("/empty"), error_code::kInvalidData);
+    EXPECT_EQ(Download("/list", m_desktop.Folder() + "none\\x.ini"), error_code::kFolderMissing);
+    EXPECT_EQ(m_desktop.Read("version.ini"), "an older and longer content than the new");
+    EXPECT_EQ(Download("/list"), 0);
     EXPECT_EQ(m_desktop.Read("version.ini"), "[Loadcalc 8]\r\nMajor=8\r\n");
-    EXPECT_TRUE(m_download.Download(m_server.Url("/empty"), m_path));
-    EXPECT_EQ(m_desktop.Read("version.ini"), "");
     EXPECT_EQ(MFile::FileNames(m_desktop.Folder()).size(), 1U);
-}
-
-TEST_F(UrlToFileTest, AFailureLeavesTheFileAloneAndKeepsItsReason)
-{
-    m_desktop.Write("version.ini", "old");
-    m_server.Play("/broken", FaultServer::Answer("500 Out of order"));
-    m_server.Play("/short", {FaultServer::Head(100), FaultServer::Send("abc")});
-    m_server.Serve("/large", std::string(UrlToFile::kMostBytesOfAList + 1, 'x'));
-    constexpr std::pair<const char*, std::int32_t> kRows[] = {
-        {"/missing", 12028}, {"/short", 12030}, {"/large", 223}, {"/broken", 12003}};
-    for (const auto& [path, code] : kRows)
-    {
-        SCOPED_TRACE(path);
-        EXPECT_FALSE(m_download.Download(m_server.Url(path), m_path));
-        EXPECT_EQ(m_download.LastError().code, code);
-        EXPECT_EQ(m_desktop.Read("version.ini"), "old");
-    }
-    EXPECT_EQ(m_download.LastError().description, "500 Out of order");
-    m_server.Serve("/list", "new");
-    EXPECT_FALSE(m_download.Download(m_server.Url("/list"), m_desktop.Folder() + "none\\x.ini"));
-    EXPECT_EQ(m_download.LastError().code, 3);
-    EXPECT_TRUE(m_download.Download(m_server.Url("/list"), m_path));
-    EXPECT_EQ(m_download.LastError().code, 0);
+    EXPECT_EQ(Download("/as-large-as-allowed"), 0);
 }
 
 TEST_F(UrlToFileTest, TheLoopLivesWhileTheCallWaits)
 {
     m_server.Play("/list", {FaultServer::Head(3), FaultServer::Hold(), FaultServer::Send("abc")});
     m_loop.Post([this] { m_server.Release("/list"); });
-    EXPECT_TRUE(m_download.Download(m_server.Url("/list"), m_path));
-    EXPECT_EQ(m_desktop.Read("version.ini"), "abc");
+    EXPECT_EQ(m_download.Read(m_server.Url("/list")).Value(), "abc");
+}
+
+TEST_F(UrlToFileTest, ACancelEndsTheRunningDownloadOnly)
+{
+    m_server.Play("/held", {FaultServer::Head(3), FaultServer::Send("a"), FaultServer::Hold()});
+    m_server.Serve("/list", "abc");
+    m_download.Cancel();
+    EXPECT_EQ(Download("/list"), 0);
+    m_loop.Post([this] { m_download.Cancel(); });
+    EXPECT_EQ(Download("/held"), error_code::kCancelled);
+    EXPECT_EQ(Download("/list"), 0);
 }
 
 TEST_F(UrlToFileTest, WhenTheTimeIsOverADownloadIsGivenUpAndNoneIsStarted)
 {
     m_server.Play("/silent", {FaultServer::Hold()});
     m_server.Serve("/list", "new");
-    m_download.EndBy(std::chrono::steady_clock::now() + std::chrono::milliseconds(200));
-    EXPECT_FALSE(m_download.Download(m_server.Url("/silent"), m_path));
-    EXPECT_EQ(m_download.LastError().code, 12002);
-    EXPECT_FALSE(m_download.Download(m_server.Url("/list"), m_path));
-    EXPECT_EQ(m_download.LastError().code, 12002);
+    m_download.EndBy(m_now + std::chrono::milliseconds(1));
+    EXPECT_EQ(Download("/silent"), error_code::kTimedOut);
+    m_now += std::chrono::milliseconds(1);
+    EXPECT_EQ(Download("/list"), error_code::kTimedOut);
     EXPECT_EQ(m_server.CountOf("/list"), 0);
-    EXPECT_FALSE(MFile::FileExists(m_path));
 }
 
 } // namespace

@@ -7,7 +7,7 @@
 #include "settings/DiagnosticLog.h"
 #include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
-#include "tests/support/TestData.h"
+#include "tests/support/TestSystem.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,5 @@
 #include "equipment/EquipmentGrid.h"
 
-#include "equipment/ManufacturerEntry.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,55 +11,75 @@ namespace velmo
 namespace
 {
 
-/// Sections with the flags of their databases' rows: what is installed and what needs an update.
-struct Row
-{
-    const char* section;
-    const char* installed;
-    const char* needsUpdate;
-    const char* picturesInstalled; ///< nullptr: the section has no pictures.
-    const char* picturesNeedUpdate;
-};
+using testing::ElementsAre;
 
-constexpr Row kRows[] = {
-    {"A", "1/1/2020", "No", "1/1/2020", "Yes"},
-    {"A", "1/1/2020", "Yes", "1/1/2020", "Yes"},
-    {"B", "-", "-", "-", "-"},
-    {"B", "1/1/2020", "No", "-", "-"},
-    {"C", "1/1/2020", "No", nullptr, "-"},
-    {"D", "1/1/2020", "No", "Unknown", "Yes"},
-    {"E", "1/1/2020", "No", "1/1/2020", "No"},
-};
+constexpr auto kOld = EquipmentStatus::NeedsUpdate;
+constexpr auto kFine = EquipmentStatus::UpToDate;
+
+constexpr const char* kList =
+    "[A]\r\nMDBSetupFileSize=1000\r\nPictureSetupFilename=Apic.exe\r\nPictureSetupFileSize=2000\r\n"
+    "1MDBFilename=a1\r\n2MDBFilename=a2\r\n"
+    "[B]\r\nMDBSetupFileSize=1000\r\nPictureSetupFilename=bpic.exe\r\nPictureSetupFileSize=2000\r\n"
+    "1MDBFilename=b1\r\n2MDBFilename=b2\r\n"
+    "[C]\r\nMDBSetupFileSize=1000\r\n1MDBFilename=c1\r\n"
+    "[D]\r\nMDBSetupFileSize=1000\r\nPictureSetupFilename=dpic.exe\r\nPictureSetupFileSize=2000\r\n"
+    "1MDBFilename=d1\r\n"
+    "[E]\r\nMDBSetupFileSize=1000\r\nPictureSetupFilename=dpic.exe\r\nPictureSetupFileSize=7\r\n"
+    "1MDBFilename=e1\r\n";
+
+InstalledVersion Installed(EquipmentStatus status)
+{
+    InstalledVersion installed;
+    installed.state = InstalledVersion::State::Dated;
+    installed.dateText = "1/1/2020";
+    installed.status = status;
+    return installed;
+}
+
+InstalledVersion OfUnknownAge()
+{
+    InstalledVersion installed = Installed(kOld);
+    installed.state = InstalledVersion::State::OfUnknownAge;
+    return installed;
+}
+
+/// What is installed of the databases, in the order of the list, and of its sections' pictures.
+const std::vector<InstalledVersion> kDatabases{Installed(kFine), Installed(kOld),  {},
+                                               Installed(kFine), Installed(kFine), Installed(kFine),
+                                               Installed(kFine)};
+const std::vector<InstalledVersion> kPictures{
+    Installed(kOld), {}, {}, OfUnknownAge(), Installed(kFine)};
+
+EquipmentRows SampleRows()
+{
+    EquipmentRows shown;
+    shown.list = std::make_shared<const ManufacturerList>(ParseManufacturerList(kList, ""));
+    for (const ManufacturerSection& section : shown.list->sections)
+    {
+        EquipmentRow row;
+        row.section = shown.sections.size();
+        row.InstallPictures =
+            section.PictureSetupFile.empty() ? TickState::None : TickState::Unticked;
+        shown.sections.push_back(
+            {&section, kPictures.at(row.section), {shown.rows.size(), section.entries.size()}});
+        for (const ManufacturerEntry& entry : section.entries)
+        {
+            row.listed = &entry;
+            row.installed = kDatabases.at(shown.rows.size());
+            shown.rows.push_back(row);
+        }
+    }
+    return shown;
+}
 
 class EquipmentGridTest : public testing::Test
 {
   protected:
-    EquipmentGridTest()
-    {
-        for (const Row& row : kRows)
-        {
-            ManufacturerEntry entry;
-            entry.SectionName = row.section;
-            entry.DatabaseSetupFile = std::string(row.section) + ".exe";
-            entry.DatabaseSetupSize = "1000";
-            entry.DatabaseInstalledDate = row.installed;
-            entry.DatabaseNeedsUpdate = row.needsUpdate;
-            entry.PicturesNeedUpdate = row.picturesNeedUpdate;
-            if (row.picturesInstalled != nullptr)
-            {
-                entry.PictureSetupFile = std::string(row.section) + "pic.exe";
-                entry.PictureSetupSize = "2000 or so";
-                entry.PicturesInstalledDate = row.picturesInstalled;
-                entry.InstallPictures = TickState::Unticked;
-            }
-            m_grid.AddRow(entry);
-        }
-    }
+    EquipmentGridTest() { m_grid.Show(SampleRows()); }
 
     void Run(std::string_view name)
     {
-        const auto command =
-            std::ranges::find(kMarkCommands, name, [](const auto& each) { return each.name; });
+        const auto command = std::ranges::find(kMarkCommands, name, &MarkCommand::name);
         ASSERT_NE(command, kMarkCommands.end());
         m_grid.Run(*command);
     }
@@ -70,15 +88,90 @@ class EquipmentGridTest : public testing::Test
     [[nodiscard]] std::string Boxes(EquipmentColumn column) const
     {
         std::string boxes;
-        for (std::size_t row = 0; row < m_grid.Model().Rows().size(); ++row)
+        for (std::size_t row = 0; row < m_shown.RowCount(); ++row)
         {
-            boxes += "-.x"[static_cast<std::size_t>(m_grid.Model().Tick(row, Index(column)))];
+            boxes += "-.x"[static_cast<std::size_t>(m_shown.Tick(row, Index(column)))];
         }
         return boxes;
     }
 
     EquipmentGrid m_grid;
+    const GridSource& m_shown = m_grid.Model().Rows();
 };
+
+TEST_F(EquipmentGridTest, EachColumnHasItsHeaderAndForm)
+{
+    // m: merged, t: with boxes, h: hidden.
+    constexpr std::array<const char*, kEquipmentColumns> kColumns{
+        "Section|Name m",
+        "MDB|EXE ",
+        "Install|Database mt",
+        "Picture|EXE ",
+        "Install|Pictures mt",
+        "Database|File|Size m",
+        " h",
+        "Pictures|File|Size m",
+        " h",
+        "Manufacturer|Name ",
+        "Database|File ",
+        "Database|Installed|Version ",
+        "Database|Latest|Version ",
+        "Need to|Update|Database ",
+        "Pictures|Installed|Version m",
+        "Pictures|Latest|Version m",
+        "Need to|Update|Pictures m",
+        "|AC ",
+        "|HP ",
+        "|GSHP ",
+        "Oil|Furn ",
+        "NG|Furn ",
+        "Pr|Furn ",
+        "NG/Pr|Furn ",
+        "Oil|Boil ",
+        "NG|Boil ",
+        "Pr|Boil ",
+        "NG/Pr|Boil ",
+        "2 Sp|AC ",
+        "2 Sp|GSHP ",
+        "2 Sp|Furn ",
+        "Wtr|Htr ",
+    };
+    ASSERT_EQ(m_grid.Model().Columns().size(), kColumns.size());
+    for (std::size_t i = 0; i < kColumns.size(); ++i)
+    {
+        const GridColumn& column = m_grid.Model().Columns()[i];
+        std::string text = column.header;
+        for (std::size_t at = 0; (at = text.find("\r\n")) != std::string::npos;)
+        {
+            text.replace(at, 2, "|");
+        }
+        text += std::string(" ") + (column.merged ? "m" : "") + (column.ticks ? "t" : "") +
+                (column.hidden ? "h" : "");
+        EXPECT_EQ(text, kColumns[i]);
+    }
+}
+
+TEST_F(EquipmentGridTest, TheMenuHasTheCommandsInGroups)
+{
+    std::vector<std::string> menu;
+    for (const MarkCommand& command : kMarkCommands)
+    {
+        menu.push_back((command.beginsGroup ? "--- " : "") + std::string(command.name) + ": " +
+                       std::string(command.caption));
+    }
+    EXPECT_THAT(
+        menu,
+        ElementsAre("mnuMarkAllDatabasesThatNeedUpdating: Mark All Databases that Need Updating",
+                    "mnuMarkAllExceptUpToDateMDB: Mark All Databases Except Ones that are "
+                    "Installed and Up to Date",
+                    "--- mnuMarkAllPicturesThatNeedUpdating: Mark All Pictures that Need Updating",
+                    "mnuMarkAllExceptUpToDatePictures: Mark All Pictures Except Ones that are "
+                    "Installed and Up to Date",
+                    "--- mnuClearAllDatabases: Clear All Databases",
+                    "mnuClearAllPictures: Clear All Pictures",
+                    "--- mnuMarkAllDatabases: Mark All Databases",
+                    "mnuMarkAllPictures: Mark All Pictures"));
+}
 
 TEST_F(EquipmentGridTest, CommandsTickTheBoxesOfTheirRuleAndSection)
 {
@@ -122,33 +215,36 @@ TEST_F(EquipmentGridTest, ASetupCountsOnceHoweverManyOfItsRowsAreTicked)
     m_grid.ObserveSummary([&] { ++refreshes; });
     EXPECT_EQ(m_grid.Summary(), "DB: 0, Pic: 0, 0 Bytes");
     Run("mnuMarkAllDatabasesThatNeedUpdating");
-    EXPECT_EQ(m_grid.TickedDatabases().files.Item(1)->FileName, "A.exe");
-    EXPECT_EQ(m_grid.TickedDatabases().bytes, 1000);
+    SetupFiles databases = m_grid.Ticked(EquipmentColumn::InstallDatabase);
+    EXPECT_EQ(databases.files.Item(1)->FileName, "a.exe");
+    EXPECT_EQ(databases.bytes, 1000);
     Run("mnuMarkAllPictures");
-    EXPECT_EQ(m_grid.Summary(), "DB: 1, Pic: 4, 9 KB");
-    EXPECT_EQ(refreshes, 2);
+    EXPECT_EQ(m_grid.Ticked(EquipmentColumn::InstallPictures).files.Item(1)->FileName, "apic.exe");
+    EXPECT_EQ(m_grid.Summary(), "DB: 1, Pic: 3, 7 KB") << "sections D and E share theirs";
+    m_grid.Toggle(0, Index(EquipmentColumn::InstallDatabase));
+    EXPECT_EQ(refreshes, 3);
+    m_grid.Show(SampleRows());
+    EXPECT_EQ(m_grid.Summary(), "DB: 0, Pic: 0, 0 Bytes");
+    EXPECT_EQ(refreshes, 4);
 }
 
 TEST_F(EquipmentGridTest, SectionsAlternateInColourAndWhatNeedsAnUpdateStandsOut)
 {
     constexpr Colour kGreen{192, 220, 192};
     constexpr Colour kCream{255, 251, 240};
-    const std::tuple<Colour, Colour, bool> looks[] = {
-        {kGreen, {0, 0, 255}, true}, {kGreen, {}, true},  {kCream, {}, false},
-        {kCream, {}, false},         {kGreen, {}, false}, {kCream, {0, 0, 255}, true},
-        {kGreen, {}, false},
+    constexpr Colour kBlue{0, 0, 255};
+    const GridLook looks[] = {
+        {kGreen, kBlue, true}, {kGreen, {}, true},    {kCream, {}, false}, {kCream, {}, false},
+        {kGreen, {}, false},   {kCream, kBlue, true}, {kGreen, {}, false},
     };
     for (std::size_t i = 0; i < std::size(looks); ++i)
     {
-        SCOPED_TRACE(i);
-        const GridRow& row = m_grid.Model().Rows().at(i);
-        EXPECT_EQ(std::tuple(row.background, row.textColour, row.bold), looks[i]);
+        EXPECT_EQ(m_shown.Look(i), looks[i]) << i;
     }
-    m_grid.Clear();
-    ManufacturerEntry entry;
-    entry.SectionName = "F";
-    m_grid.AddRow(entry);
-    EXPECT_EQ(m_grid.Model().Rows().at(0).background, kGreen);
+    EXPECT_EQ(m_shown.Group(1), (GridSpan{0, 2}));
+    EXPECT_EQ(m_shown.Group(4), (GridSpan{4, 1}));
+    EXPECT_EQ(m_grid.Rows().DatabasesThatNeedUpdate(), 1);
+    EXPECT_EQ(m_grid.Rows().PicturesThatNeedUpdate(), 2);
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace velmo
 {
 namespace
@@ -27,18 +29,34 @@ class EquipmentListTest : public test::EquipmentDesktop
     [[nodiscard]] std::vector<std::string> Column(EquipmentColumn column) const
     {
         std::vector<std::string> cells;
-        for (std::size_t row = 0; row < m_list.Grid().Model().Rows().size(); ++row)
+        for (std::size_t row = 0; row < m_list.Grid().Rows().rows.size(); ++row)
         {
             cells.push_back(Cell(row, column));
         }
         return cells;
     }
 
-    EquipmentServer Server()
+    [[nodiscard]] std::vector<std::string> Row(std::size_t row) const
     {
-        m_list.Grid().Toggle(0, Index(EquipmentColumn::InstallDatabase));
+        std::vector<std::string> cells;
+        for (std::size_t column = 0; column < kEquipmentColumns; ++column)
+        {
+            cells.push_back(m_list.Grid().Model().Rows().Text(row, column));
+        }
+        return cells;
+    }
+
+    /// "server | folder of databases | folder of pictures" of an order.
+    std::string Server()
+    {
+        if (m_list.Grid().Summary().starts_with("DB: 0"))
+        {
+            m_list.Grid().Toggle(0, Index(EquipmentColumn::InstallDatabase));
+        }
         const auto order = m_list.PrepareInstall(m_prompts);
-        return order ? order->server : EquipmentServer();
+        EXPECT_TRUE(order);
+        return order->server + " | " + order->setups.at(0).folder + " | " +
+               order->setups.at(1).folder;
     }
 };
 
@@ -58,12 +76,7 @@ TEST_F(EquipmentListTest, ADatabaseIsARowOfWhatTheListAndTheDesktopSay)
               "2MDBFilename=other.mdb\r\n2ReleaseDate=1/2/2020\r\n2HP=X\r\n"
               "4MDBFilename=never.mdb\r\n");
     m_list.Refresh();
-    std::vector<std::string> cells;
-    for (const GridCell& cell : m_list.Grid().Model().Rows().at(0).cells)
-    {
-        cells.push_back(cell.text);
-    }
-    EXPECT_THAT(cells,
+    EXPECT_THAT(Row(0),
                 ElementsAre("Kestrel Air", "kestrel air.exe", "", "kestrelpic.exe", "", "1 KB",
                             "1000", "2.4 MB", "2500000", "Kestrel Split", "kestrel.mdb",
                             "3/15/2004", "3/16/2004", "Yes", "5/6/2007", "5/6/2008", "Yes", "X", "",
@@ -84,9 +97,9 @@ TEST_F(EquipmentListTest, ASectionWithoutDatabasesHasNoRowAndOneWithoutPicturesN
     m_list.Refresh();
     ASSERT_THAT(Column(EquipmentColumn::SectionName), ElementsAre("Bare"));
     EXPECT_EQ(m_list.CountPicturesThatNeedUpdate(), 0);
-    const GridModel& model = m_list.Grid().Model();
-    EXPECT_EQ(model.Tick(0, Index(EquipmentColumn::InstallDatabase)), TickState::Unticked);
-    EXPECT_EQ(model.Tick(0, Index(EquipmentColumn::InstallPictures)), TickState::None);
+    const GridSource& shown = m_list.Grid().Model().Rows();
+    EXPECT_EQ(shown.Tick(0, Index(EquipmentColumn::InstallDatabase)), TickState::Unticked);
+    EXPECT_EQ(shown.Tick(0, Index(EquipmentColumn::InstallPictures)), TickState::None);
     EXPECT_EQ(Cell(0, EquipmentColumn::InstallPictures), " ");
     EXPECT_EQ(Cell(0, EquipmentColumn::PicturesInstalled), "-");
     EXPECT_EQ(Cell(0, EquipmentColumn::PicturesLatest), " ");
@@ -96,25 +109,21 @@ TEST_F(EquipmentListTest, TheServersValuesAreTakenOutOfTheFileAndHaveDefaults)
 {
     WriteList(std::string(kGeneral) + "[A]\r\n1MDBFilename=a.mdb\r\n");
     m_list.Refresh();
-    EXPECT_EQ(Server().address, "http://setups.example");
+    EXPECT_EQ(Server(), "http://setups.example | /mdb/ | /pic/");
     EXPECT_THAT(m_desktop.Read(m_listPath), Not(HasSubstr("Manufver General")));
     EXPECT_THAT(m_desktop.Read(m_listPath), HasSubstr("[A]"));
     m_list.InspectAgain();
-    EXPECT_EQ(Server().pictureFolder, "/pic/");
+    EXPECT_EQ(Server(), "http://setups.example | /mdb/ | /pic/");
 
-    WriteList("[Manufver General]\r\nServer Folder MDBs HTTP=/only/\r\n"
-              "[A]\r\n1MDBFilename=a.mdb\r\n");
+    WriteList("[A]\r\n1MDBFilename=a.mdb\r\n");
     m_list.Refresh();
-    const EquipmentServer server = Server();
-    EXPECT_EQ(server.address, "http://default.example");
-    EXPECT_EQ(server.databaseFolder, "/only/");
-    EXPECT_EQ(server.pictureFolder, "/pub/mervala/pic/");
+    EXPECT_EQ(Server(), "http://default.example | /pub/mervala/mdb/ | /pub/mervala/pic/");
 }
 
 TEST_F(EquipmentListTest, WithoutAListTheGridKeepsItsRows)
 {
     m_list.Refresh();
-    EXPECT_TRUE(m_list.Grid().Model().Rows().empty());
+    EXPECT_TRUE(m_list.Grid().Rows().rows.empty());
     m_list.InspectAgain();
     WriteList("[A]\r\n1MDBFilename=a.mdb\r\n");
     m_list.Refresh();
@@ -126,18 +135,21 @@ TEST_F(EquipmentListTest, WithoutAListTheGridKeepsItsRows)
     EXPECT_THAT(Column(EquipmentColumn::DatabaseInstalled), ElementsAre("3/15/2004"));
 }
 
-TEST_F(EquipmentListTest, ARefreshUnticksEverythingAndKeepsThePosition)
+TEST_F(EquipmentListTest, ARefreshUnticksEverythingASecondLookNothingAndBothKeepThePosition)
 {
     WriteList("[A]\r\n1MDBFilename=a.mdb\r\n2MDBFilename=b.mdb\r\n3MDBFilename=c.mdb\r\n");
     m_list.Refresh();
     GridModel& model = m_list.Grid().Model();
     m_list.Grid().Toggle(1, Index(EquipmentColumn::InstallDatabase));
     model.NotePosition({2, 9, 1, 3});
+    InstallDatabase("equipment/plain_datetime_v2000.mdb", "b.mdb");
+    m_list.InspectAgain();
+    EXPECT_EQ(Cell(1, EquipmentColumn::DatabaseInstalled), "3/15/2004");
+    EXPECT_EQ(model.Rows().Tick(1, Index(EquipmentColumn::InstallDatabase)), TickState::Ticked);
+    EXPECT_TRUE(m_list.Grid().Summary().starts_with("DB: 1"));
     m_list.Refresh();
     EXPECT_EQ(model.Position(), (GridPosition{2, 9, 1, 3}));
-    EXPECT_EQ(model.Tick(1, Index(EquipmentColumn::InstallDatabase)), TickState::Unticked);
     EXPECT_EQ(m_list.Grid().Summary(), "DB: 0, Pic: 0, 0 Bytes");
-    EXPECT_TRUE(model.Redraw());
 }
 
 TEST_F(EquipmentListTest, NamesThatLeadElsewhereAreNotLookedFor)
@@ -152,6 +164,23 @@ TEST_F(EquipmentListTest, NamesThatLeadElsewhereAreNotLookedFor)
     EXPECT_THAT(Column(EquipmentColumn::DatabaseInstalled), ElementsAre("-", "-"));
     EXPECT_EQ(Cell(0, EquipmentColumn::PicturesInstalled), "-");
     EXPECT_EQ(Cell(0, EquipmentColumn::PicturesLatest), "5/6/2008");
+}
+
+TEST_F(EquipmentListTest, WhatCannotBeReadIsLoggedTwentyTimesAtMost)
+{
+    InstallDatabase("broken/password.mdb", "locked.mdb");
+    std::string list = "[A]\r\n[a]\r\n[B]\r\n";
+    for (int number = 1; number <= 50; ++number)
+    {
+        list += std::to_string(number) +
+                (number == 1 ? "MDBFilename=locked.mdb\r\n" : "MDBFilename=..\\x.mdb\r\n");
+    }
+    WriteList(list);
+    m_list.Refresh();
+    EXPECT_THAT(LogText(), HasSubstr("The second section \"a\" is left out"));
+    EXPECT_THAT(LogText(), HasSubstr("locked.mdb: The database is protected by a password. (86)"));
+    EXPECT_THAT(LogText(), HasSubstr("The same of 30 more"));
+    EXPECT_EQ(std::ranges::count(LogText(), '\n'), 22);
 }
 
 TEST_F(EquipmentListTest, InstallingNeedsABoxThatIsTicked)

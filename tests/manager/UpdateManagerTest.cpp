@@ -3,10 +3,13 @@
 #include "controls/MousePointer.h"
 #include "platform/HeadlessLoop.h"
 #include "platform/MFile.h"
+#include "sample/EquipmentDatabaseFile.h"
+#include "sample/SampleImage.h"
 #include "tests/support/FaultServer.h"
-#include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
+#include "updates/UpdatePrompts.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace velmo
@@ -15,71 +18,365 @@ namespace
 {
 
 using test::FaultServer;
+using testing::ElementsAre;
+using testing::HasSubstr;
+namespace MFile = platform::MFile;
 
-class UpdateManagerTest : public testing::Test, protected UpdateManagerView
+constexpr const char* kVersions = "/pub/demo/version.ini";
+constexpr const char* kManufacturers = "/pub/demo/manufver.ini";
+
+const std::string kAttempting = "Attempting to connect...\r\n";
+const std::string kDownloaded = "Version information successfully downloaded\r\n";
+const std::string kRefreshed = "Program and database lists have been refreshed\r\n";
+const std::string kNotDownloaded = "Version information did not successfully download\r\n";
+const std::string kCanceled = "Connection Canceled\r\n";
+const std::string kNotFound = "Requested item could not be located.\r\n";
+
+/// A person who answers every question as told.
+struct Person final : UpdatePrompts
+{
+    void Notify(PromptIcon /*icon*/, const std::string& text, const std::string& title) override
+    {
+        heard.push_back(title + "|" + text);
+    }
+    QuestionAnswer AskToViewUpdates(const StartupRequest& request,
+                                    const std::string& question) override
+    {
+        heard.push_back(request.caller + "|" + question);
+        return answer;
+    }
+    DialogAnswer ShowUpdateDialog(const ProgramRow& program) override
+    {
+        heard.push_back(program.Name() + "|" + CellText(program, ProgramColumn::InstalledVersion) +
+                        "|" + CellText(program, ProgramColumn::LatestVersion));
+        return dialog;
+    }
+
+    QuestionAnswer answer = QuestionAnswer::Yes;
+    DialogAnswer dialog = DialogAnswer::Download;
+    std::vector<std::string> heard;
+};
+
+/// An update manager between a vendor's server and a desktop with Loadcalc 8.02.14, and what it tells
+/// the window, in order.
+class UpdateManagerTest : public testing::Test, private ListViewModel::Observer
 {
   protected:
     UpdateManagerTest()
     {
         m_desktop.SetWinIniFolder("CommonDirectory", m_desktop.Folder());
+        m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
         m_desktop.SetPolicy("WebServer", m_server.Url(""));
+        m_desktop.Write(
+            "Loadcalc8.exe",
+            sample::WriteSampleImage({"Loadcalc", "Loadcalc", "Loadcalc8.exe", {8, 2, 14}}));
+        m_server.Serve(kVersions, "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=15\r\n"
+                                  "[News Headlines]\r\nNews|http://vendor.example/\r\n");
+        m_server.Serve(kManufacturers, "[Pumps]\r\n1MDBFilename=pumps.mdb\r\n");
+        m_manager.emplace(m_loop, m_person, m_pointer, [this](const std::string& address) {
+            m_opened.push_back(address);
+            return Result<Done>(Done());
+        });
+        m_files.emplace(m_manager->Lists().Files());
+    }
+    ~UpdateManagerTest() override { m_manager->Programs().List().Observe(nullptr); }
+
+    void Watch()
+    {
+        ListsFetch& lists = m_manager->Lists();
+        ShownLists& shown = m_manager->Shown();
+        StatusBoxModel& box = m_manager->StatusBox();
+        m_watching = {
+            lists.BusyChanged().Add([&] { m_events.emplace_back(lists.Busy() ? "busy" : "idle"); }),
+            shown.CountsChanged().Add([&] {
+                m_events.push_back(std::to_string(shown.Counts().programs) + " to update");
+            }),
+            shown.HeadlinesChanged().Add([&] {
+                m_events.push_back(std::to_string(shown.Headlines().size()) + " headlines");
+            }),
+            box.Changed().Add([&] { m_events.push_back(LastLine(box.Text())); }),
+        };
+        m_manager->Programs().List().Observe(this);
     }
 
-    void OnBusyChanged() override { ++m_busyChanges; }
-    void OnCountsChanged() override { ++m_countChanges; }
-    void RedrawProgramList() override { ++m_redraws; }
+    static std::string LastLine(const std::string& text)
+    {
+        const std::size_t end = text.empty() ? 0 : text.size() - 2;
+        const std::size_t begin = text.rfind('\n', end);
+        return text.substr(begin == std::string::npos ? 0 : begin + 1, end - begin - 1);
+    }
+
+    std::string Fetch()
+    {
+        m_manager->FetchLists();
+        EXPECT_FALSE(m_manager->Lists().Busy());
+        EXPECT_EQ(m_pointer.Shape(), PointerShape::Normal);
+        return m_manager->StatusBox().Text();
+    }
+
+    /// Does it as work of the loop while the next download of that path is held, then lets that answer.
+    void WhileHeld(const char* path, const char* status, const std::function<void()>& action)
+    {
+        // An empty file would be no list.
+        m_server.Play(path, {FaultServer::Hold(), FaultServer::Answer(status, "[Loadcalc 8]")[0]});
+        OnceAskedFor(path, m_server.CountOf(path) + 1, action);
+    }
+
+    void OnceAskedFor(const char* path, int times, const std::function<void()>& action)
+    {
+        m_loop.Post([this, path, times, action] {
+            if (m_server.CountOf(path) < times)
+            {
+                OnceAskedFor(path, times, action);
+                return;
+            }
+            action();
+            m_server.Release(path);
+        });
+    }
+
+    void RemoveVersionList() const { EXPECT_TRUE(MFile::DeleteIfExists(m_files->versionList)); }
+
+    std::string LatestVersion()
+    {
+        return CellText(*m_manager->Programs().Find("Loadcalc 8"), ProgramColumn::LatestVersion);
+    }
+
+    void OnRowsChanged() override {}
+    void OnColumnsChanged() override {}
+    void OnSelectionChanged() override {}
+    void OnScrollTo(std::size_t row) override
+    {
+        m_events.push_back("show row " + std::to_string(row));
+    }
 
     const test::TemporaryDesktop m_desktop;
     FaultServer m_server;
     platform::HeadlessLoop m_loop;
-    test::RecordedPrompts m_prompts;
+    Person m_person;
+    std::vector<std::string> m_opened; ///< In the browser.
     MousePointer m_pointer;
-    int m_busyChanges = 0;
-    int m_countChanges = 0;
-    int m_redraws = 0;
+    std::optional<UpdateManager> m_manager;
+    std::optional<FetchedFiles> m_files;
+    std::vector<std::string> m_events;
+    std::vector<Observers::Subscription> m_watching;
 };
+
+TEST_F(UpdateManagerTest, AFetchReplacesBothListsAndEverythingFollowsInItsOrder)
+{
+    m_desktop.Write(m_files->versionList, "[Loadcalc 8]\r\nMajor=9\r\n");
+    m_desktop.Write(m_files->manufacturerList, "stale");
+    m_manager->FillLists();
+    m_manager->Programs().List().Select("Loadcalc 8");
+    Watch();
+    Fetch();
+    EXPECT_THAT(m_events, ElementsAre("0 headlines", "show row 4", "0 to update", "busy", "",
+                                      "Attempting to connect...",
+                                      "Version information successfully downloaded", "show row 4",
+                                      "1 to update", "1 headlines", "show row 0", "show row 4",
+                                      "Program and database lists have been refreshed", "idle"));
+    EXPECT_TRUE(m_manager->Lists().Succeeded());
+    EXPECT_EQ(LatestVersion(), "8.02.15");
+    EXPECT_EQ(m_desktop.Read(m_files->manufacturerList), "[Pumps]\r\n1MDBFilename=pumps.mdb\r\n");
+    m_manager->DeleteLists();
+    EXPECT_FALSE(MFile::FileExists(m_files->versionList));
+    EXPECT_FALSE(MFile::FileExists(m_files->manufacturerList));
+}
+
+TEST_F(UpdateManagerTest, AFailureIsASentenceAndTheNextFetchWorks)
+{
+    m_server.Play(kVersions, FaultServer::Answer("500 Out of order"));
+    m_desktop.Write(m_files->versionList, "[Loadcalc 8]\r\nMajor=9\r\n");
+    Watch();
+    EXPECT_EQ(Fetch(), kAttempting + "500 Out of order\r\n");
+    EXPECT_THAT(m_events, ElementsAre("0 headlines", "0 to update", "busy", "",
+                                      "Attempting to connect...", "500 Out of order", "idle"));
+    EXPECT_FALSE(m_manager->Lists().Succeeded());
+    EXPECT_EQ(m_manager->Lists().LastErrorText(), "500 Out of order");
+    EXPECT_FALSE(MFile::FileExists(m_files->versionList));
+    EXPECT_EQ(m_server.CountOf(kManufacturers), 0);
+    EXPECT_THAT(m_desktop.Read("VelmoUpd.log"), HasSubstr(m_server.Url(kVersions)));
+
+    m_server.Serve(kVersions, "[Loadcalc 8]\r\nMajor=8\r\n");
+    m_server.Play(kManufacturers, FaultServer::Answer("404 Not Found"));
+    EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed)
+        << "a missing manufacturer list is not mentioned";
+    EXPECT_EQ(LatestVersion(), "8.00.0");
+}
+
+TEST_F(UpdateManagerTest, AVersionListThatVanishedIsAFailureUnlessTheFetchIsCanceled)
+{
+    for (const bool cancel : {false, true})
+    {
+        SCOPED_TRACE(cancel);
+        WhileHeld(kManufacturers, "404 Not Found", [this] { RemoveVersionList(); });
+        StatusBoxModel& box = m_manager->StatusBox();
+        const auto watching = box.Changed().Add([&] {
+            if (cancel && box.Text().ends_with(kNotDownloaded))
+            {
+                m_loop.Post([this] { m_manager->Lists().Cancel(); });
+            }
+        });
+        EXPECT_EQ(Fetch(), kAttempting + kNotDownloaded + (cancel ? kCanceled : kNotFound));
+        EXPECT_FALSE(m_manager->Lists().Succeeded());
+    }
+}
+
+TEST_F(UpdateManagerTest, ACanceledFetchLetsARunningDownloadFinishAndUsesNothing)
+{
+    const struct
+    {
+        const char* path; ///< Whose download is running; before any when there is none.
+        const char* status;
+        int requests;
+    } rows[] = {{nullptr, "", 0},
+                {kVersions, "404 Not Found", 1},
+                {kVersions, "200 OK", 2},
+                {kManufacturers, "200 OK", 2}};
+    m_manager->FillLists();
+    Watch();
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.status);
+        const std::size_t before = m_server.Requests().size();
+        const auto cancel = [this] { m_manager->Reconnect(); };
+        row.path == nullptr ? m_loop.Post(cancel) : WhileHeld(row.path, row.status, cancel);
+        m_events.clear();
+        EXPECT_EQ(Fetch(), kAttempting + kCanceled);
+        EXPECT_THAT(m_events,
+                    ElementsAre("0 headlines", "0 to update", "busy", "",
+                                "Attempting to connect...", "Connection Canceled", "idle"));
+        EXPECT_EQ(m_server.Requests().size(), before + static_cast<std::size_t>(row.requests));
+        EXPECT_FALSE(m_manager->Lists().Succeeded());
+        EXPECT_EQ(LatestVersion(), "?");
+    }
+    m_manager->Lists().Cancel();
+    EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed) << "nothing to cancel";
+}
+
+TEST_F(UpdateManagerTest, ASecondFetchDuringTheFirstDoesNothing)
+{
+    WhileHeld(kVersions, "200 OK", [this] {
+        m_manager->FetchLists();
+        EXPECT_EQ(m_manager->StatusBox().Text(), kAttempting);
+        EXPECT_TRUE(m_manager->Lists().Busy());
+        EXPECT_EQ(m_pointer.Shape(), PointerShape::ArrowAndHourglass);
+    });
+    EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed);
+    EXPECT_EQ(m_server.CountOf(kVersions), 1);
+}
 
 TEST_F(UpdateManagerTest, AutomaticConnectionIsTheDefaultAndRemembered)
 {
-    UpdateManager manager(m_loop, m_prompts, m_pointer);
-    EXPECT_TRUE(manager.AutoConnect());
-    manager.SetAutoConnect(false);
-    EXPECT_FALSE(UpdateManager(m_loop, m_prompts, m_pointer).AutoConnect());
+    EXPECT_TRUE(m_manager->AutoConnect());
+    m_manager->SetAutoConnect(false);
+    EXPECT_FALSE(UpdateManager(m_loop, m_person, m_pointer).AutoConnect());
     EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"), "[Miscellaneous]\r\nAutoConnect=0 'False\r\n");
 }
 
-TEST_F(UpdateManagerTest, TheConnectButtonFetchesAndThenCancels)
+/// Loadcalc 8, 8.02.14 of 8.02.15; two databases, one of which is out of date, and two groups of
+/// pictures that are.
+TEST_F(UpdateManagerTest, AStartupRunFindsWhatItsCallerWantsToKnow)
 {
-    m_server.Play(
-        "/pub/demo/version.ini",
-        {FaultServer::Hold(), FaultServer::Answer("200 OK", "[Airflow 3]\r\nMajor=3")[0]});
-    UpdateManager manager(m_loop, m_prompts, m_pointer);
-    manager.Show(this);
-    // The loop's first turn comes before the download, the second one during it.
-    m_loop.Post([&] {
-        m_loop.Post([&] {
-            EXPECT_TRUE(manager.Lists().Busy());
-            manager.Reconnect();
-            m_server.Release("/pub/demo/version.ini");
-        });
-    });
-    manager.Reconnect();
-    EXPECT_TRUE(manager.StatusBox().Text().ends_with("Connection Canceled\r\n"));
-    EXPECT_EQ(manager.Programs().List().Find("Airflow 3")->cells[3], "?");
-    EXPECT_EQ(m_redraws, 0);
+    m_desktop.Write("VelmoUpd.ini",
+                    "[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
+    for (const auto& [file, year] : {std::pair("pumps.mdb", 2024), std::pair("coils.mdb", 2026)})
+    {
+        m_desktop.Write(file, sample::EquipmentDatabaseFile(file, std::chrono::year(year) /
+                                                                      std::chrono::March / 1));
+    }
+    m_desktop.Write("EquipPic\\Pumps\\x.jpg", "");
+    m_desktop.Write("EquipPic\\Coils\\x.jpg", "");
+    m_server.Serve(kManufacturers, "[Manufver General]\r\nServer Address HTTP=http://s.example\r\n"
+                                   "[Pumps]\r\n1MDBFilename=pumps.mdb\r\n1ReleaseDate=2/1/2025\r\n"
+                                   "PictureSetupFilename=p.exe\r\n"
+                                   "[Coils]\r\n1MDBFilename=coils.mdb\r\n1ReleaseDate=2/1/2025\r\n"
+                                   "PictureSetupFilename=c.exe\r\n");
+    const StartupFindings findings =
+        m_manager->CheckForCaller(StartupRequest("STARTUP Loadcalc 8"));
+    ASSERT_TRUE(findings.update);
+    EXPECT_EQ(findings.update->installed, (ProgramVersion{8, 2, 14}));
+    EXPECT_EQ(findings.update->latest, (ProgramVersion{8, 2, 15}));
+    EXPECT_EQ(findings.equipment.databases, 1);
+    EXPECT_EQ(findings.equipment.pictures, 2);
+    EXPECT_TRUE(m_manager->Programs().Rows().empty()) << "nobody looks at lists";
+    EXPECT_THAT(m_desktop.Read(m_files->manufacturerList), HasSubstr("http://s.example"))
+        << "the window reads it again";
+}
 
-    manager.Reconnect();
-    EXPECT_EQ(manager.Programs().List().Find("Airflow 3")->cells[3], "3.00.0");
-    EXPECT_EQ(m_redraws, 1);
-    EXPECT_EQ(m_busyChanges, 4);
-    EXPECT_GT(m_countChanges, 0);
-    manager.DeleteLists();
-    EXPECT_FALSE(platform::MFile::FileExists(manager.Lists().Files().versionList));
+TEST_F(UpdateManagerTest, AStartupRunGivesTheServerFortySeconds)
+{
+    using namespace std::chrono_literals;
+    const StartupRequest request("STARTUP Loadcalc 8");
+    const auto now = std::chrono::steady_clock::now();
+    EXPECT_FALSE(m_manager->CheckForCaller(request, now - 40s).update.has_value());
+    EXPECT_TRUE(m_server.Requests().empty());
+    EXPECT_THAT(m_desktop.Read("VelmoUpd.log"), HasSubstr("The time for downloads was over."));
+    EXPECT_TRUE(m_manager->CheckForCaller(request, now - 20s).update.has_value());
+}
+
+TEST_F(UpdateManagerTest, ACallersPersonIsAskedOrToldAndTheListsGoUnlessTheWindowOpens)
+{
+    const ProgramRow update{.index = 4, .installed = {1, 0, 0}, .latest = {2, 0, 0}};
+    const struct
+    {
+        StartupFindings findings;
+        QuestionAnswer answer;
+        std::optional<MainTab> tab;
+        const char* heard;
+    } rows[] = {
+        {{{}, {2, 1}},
+         QuestionAnswer::Yes,
+         MainTab::Equipment,
+         "Loadcalc 8|Updates are "
+         "available for 2 of the HVAC equipment databases that you have installed, and 1 of "},
+        {{update, {1, 0}}, QuestionAnswer::Yes, MainTab::Programs, "Loadcalc 8|An update "},
+        {{update, {1, 0}}, QuestionAnswer::No, std::nullopt, "Loadcalc 8|An update is "},
+        {{update, {0, 0}}, QuestionAnswer::Yes, std::nullopt, "Loadcalc 8|1.00.0|2.00.0"},
+    };
+    const StartupRequest request("STARTUP Loadcalc 8");
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.heard);
+        m_desktop.Write(m_files->versionList, "[Loadcalc 8]\r\nMajor=9\r\n");
+        m_person.heard.clear();
+        m_person.answer = row.answer;
+        EXPECT_EQ(m_manager->TellCaller(row.findings, request, m_person), row.tab);
+        EXPECT_THAT(m_person.heard.front(), testing::StartsWith(row.heard));
+        EXPECT_EQ(MFile::FileExists(m_files->versionList), row.tab.has_value());
+    }
+    EXPECT_THAT(m_person.heard.back(), testing::StartsWith("Reminder to Close Open Programs|"));
+    EXPECT_THAT(m_opened, ElementsAre(m_server.Url("/pub/demo/lc8setup.exe")));
+    m_person.dialog = DialogAnswer::Close;
+    EXPECT_FALSE(m_manager->TellCaller(rows[3].findings, request, m_person));
+    EXPECT_EQ(m_opened.size(), 1U);
+}
+
+TEST_F(UpdateManagerTest, AfterOpeningTheListsAreFetchedThenTheNamedProgramAndThenThisOneIsToldOf)
+{
+    m_server.Serve(kVersions,
+                   "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=15\r\n"
+                   "Demo URL=http://vendor.example/demo.exe\r\n"
+                   "[Update Manager 1]\r\nMajor=2\r\nDemo URL= http://vendor.example/um.exe\r\n");
+    m_manager->FillLists();
+    m_manager->Programs().List().Select("Loadcalc 8");
+    m_person.dialog = DialogAnswer::Download;
+    m_manager->RunAfterOpening(StartupRequest("Loadcalc 8"), {1, 4, 12}, m_person);
+    EXPECT_THAT(m_person.heard,
+                ElementsAre(testing::StartsWith("Need to Update|Loadcalc 8 needs to be updated."),
+                            "Update Manager 1|1.04.12|2.00.0",
+                            testing::StartsWith("Reminder to Close Open Programs|")));
+    EXPECT_THAT(m_opened, ElementsAre("http://vendor.example/um.exe"));
+
+    m_person.heard.clear();
+    m_manager->SetAutoConnect(false);
+    m_manager->RunAfterOpening(StartupRequest(""), {2, 0, 0}, m_person);
+    EXPECT_THAT(m_person.heard, testing::IsEmpty());
+    EXPECT_EQ(m_server.CountOf(kVersions), 1);
 }
 
 TEST(UpdateCountsTest, AnyOfThemCounts)
 {
-    EXPECT_EQ(UpdateCounts().Text(), "Need to Update:  Programs: 0, Databases: 0, Pictures: 0");
     EXPECT_EQ((UpdateCounts{1, 20, 3}.Text()),
               "Need to Update:  Programs: 1, Databases: 20, Pictures: 3");
     EXPECT_FALSE(UpdateCounts().Any());

@@ -1,6 +1,7 @@
 #include "news/Headlines.h"
 
 #include "settings/DiagnosticLog.h"
+#include "settings/SettingsSnapshot.h"
 #include "tests/support/TemporaryDesktop.h"
 
 #include <gmock/gmock.h>
@@ -19,7 +20,8 @@ class HeadlinesTest : public testing::Test
   protected:
     std::vector<Headline> Read(const std::string& list)
     {
-        return ReadHeadlines(m_desktop.Write("version.ini", list), m_log);
+        return ReadHeadlines(SettingsSnapshot::Parse(list),
+                             "http://vendor.example/web/newsroom/index.htm?p=1#latestnews", m_log);
     }
 
     test::TemporaryDesktop m_desktop;
@@ -53,11 +55,29 @@ TEST_F(HeadlinesTest, OnlyTheFirstTwentyLinesAreUsed)
     EXPECT_EQ(headlines.back().text, "Headline 20");
 }
 
-TEST_F(HeadlinesTest, ALinkThatIsNoPageCannotBeClickedAndIsLogged)
+TEST_F(HeadlinesTest, ALinkIsCompletedAsOneOnTheNewsPage)
 {
-    const auto headlines = Read("[News Headlines]\r\nA|file:///C:/x.html\r\nB|calc.exe\r\n"
-                                "C|ftp://vendor.example/x\r\n");
-    EXPECT_THAT(headlines, ElementsAre(FieldsAre("A", ""), FieldsAre("B", ""), FieldsAre("C", "")));
+    const std::pair<const char*, const char*> rows[] = {
+        {"HTTPS://other.example/x", "HTTPS://other.example/x"},
+        {"ftp://vendor.example/x", "ftp://vendor.example/x"},
+        {"//other.example/x?y", "http://other.example/x?y"},
+        {"/a/./b", "http://vendor.example/a/b"},
+        {"july.htm#top", "http://vendor.example/web/newsroom/july.htm#top"},
+        {"../../../july/?a=../b", "http://vendor.example/july/?a=../b"},
+        {"..", "http://vendor.example/web/"},
+        {"?p=2", "http://vendor.example/web/newsroom/index.htm?p=2"},
+        {"#more", "http://vendor.example/web/newsroom/index.htm?p=1#more"},
+        {"", ""},
+        {"file:///C:/x.html", ""},
+        {"javascript:alert(1)", ""},
+        {"C:\\Windows\\calc.exe", ""},
+    };
+    for (const auto& [link, address] : rows)
+    {
+        SCOPED_TRACE(link);
+        const auto headlines = Read(std::string("[News Headlines]\r\nA| ") + link + " \r\n");
+        EXPECT_THAT(headlines, ElementsAre(FieldsAre("A", address)));
+    }
     EXPECT_NE(m_desktop.Read("VelmoUpd.log").find("calc.exe"), std::string::npos);
 }
 

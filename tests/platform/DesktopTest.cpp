@@ -47,9 +47,6 @@ TEST(DesktopTest, UserSettingsKeepBlanksQuotesAndForeignText)
         ASSERT_TRUE(WriteUserSetting(kVendor, "Odd", "Key", value));
         EXPECT_EQ(ReadUserSetting(kVendor, "Odd", "Key"), value);
     }
-    EXPECT_TRUE(DeleteUserSetting(kVendor, "Odd", "Key"));
-    EXPECT_TRUE(DeleteUserSetting(kVendor, "Odd", "Key"));
-    EXPECT_EQ(ReadUserSetting(kVendor, "Odd", "Key"), std::nullopt);
 }
 
 } // namespace

@@ -115,6 +115,8 @@ TEST_F(MFileTest, AFullPathHasADriveAndNoDots)
         {"C:/a/./b/../c\\", "C:\\a\\c\\"},
         {"d:\\..\\x", "d:\\x"},
         {"C:\\", "C:\\"},
+        {"C:\\..\\..\\a.", "C:\\a"},
+        {"C:\\a\\test.. .", "C:\\a\\test"},
         {"\\\\host\\share\\x", "\\\\host\\share\\x"},
         {"", ""},
     };

@@ -3,9 +3,8 @@
 #include "catalogue/CVelmoProgramCommunicator.h"
 #include "catalogue/CommonFolder.h"
 #include "catalogue/ProgramCatalogue.h"
-#include "platform/MFile.h"
 #include "platform/MachinePolicy.h"
-#include "sample/SampleVersionList.h"
+#include "sample/SampleVendorSite.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
 #include "tests/support/RecordedPrompts.h"
@@ -27,6 +26,7 @@ class SampleDesktopTest : public testing::Test
     {
         m_choices.root = m_desktop.Folder() + "Velmo\\";
         m_choices.equipment = false;
+        m_choices.server = "http://127.0.0.1:1";
     }
 
     void LayOut() const
@@ -48,8 +48,10 @@ TEST_F(SampleDesktopTest, TheProgramListSaysWhatTheTableSays)
     const std::string settingsText = m_desktop.Read(SettingsFilePath());
     LayOut();
     EXPECT_EQ(m_desktop.Read(SettingsFilePath()), settingsText);
+    EXPECT_EQ(platform::ReadMachinePolicy("WebServer"), m_choices.server);
+    const SampleVendorSite site(m_choices.server);
     const VersionList versions(
-        m_desktop.Write("version.ini", VersionListText("http://127.0.0.1:1")), m_log);
+        m_desktop.Write("version.ini", site.Find("/pub/demo/version.ini")->bytes), m_log);
     CINIFileHandler settings(m_log);
     settings.AppProfileFileName(SettingsFilePath());
     ProgramStatusList list(m_locator, settings, versions);
@@ -57,37 +59,20 @@ TEST_F(SampleDesktopTest, TheProgramListSaysWhatTheTableSays)
     EXPECT_TRUE(m_prompts.notices.empty());
 
     std::size_t installed = 0;
-    for (const ListRow& row : list.List().Rows())
+    for (const ProgramRow& row : list.Rows())
     {
-        installed += row.cells[ProgramStatusList::NeedToUpdate - 1].ends_with("(Try Demo)") ? 0 : 1;
+        installed += row.IsInstalled() ? 1 : 0;
     }
     EXPECT_EQ(installed, kInstalledPrograms.size());
     for (const InstalledProgram& program : kInstalledPrograms)
     {
-        const std::string_view name = NameOfIndex(program.index);
-        SCOPED_TRACE(name);
-        const ListRow* row = list.List().Find(name);
+        SCOPED_TRACE(program.name);
+        const ProgramRow* row = list.Find(program.name);
         ASSERT_NE(row, nullptr);
-        EXPECT_EQ(row->cells[ProgramStatusList::InstalledVersion - 1],
-                  InstalledVersionText(program.version));
-        EXPECT_EQ(row->cells[ProgramStatusList::CheckOnStartup - 1], program.startupCheck);
-        EXPECT_EQ(row->cells[ProgramStatusList::NeedToUpdate - 1], program.needsUpdate);
+        EXPECT_EQ(row->installed, program.version);
+        EXPECT_EQ(CellText(*row, ProgramColumn::CheckOnStartup), program.startupCheck);
+        EXPECT_EQ(CellText(*row, ProgramColumn::NeedToUpdate), program.needsUpdate);
     }
-}
-
-TEST_F(SampleDesktopTest, TakesTheRealUpdateManagerAndPointsItAtItsServerOrSaysWhyNot)
-{
-    m_choices.updateManager = m_desktop.Write("build\\VelmoUpd.exe", "the real one");
-    m_choices.server = "http://127.0.0.1:8123";
-    LayOut();
-    EXPECT_EQ(m_desktop.Read(SampleCommonFolder(m_choices) + "VelmoUpd.exe"), "the real one");
-    EXPECT_EQ(platform::ReadMachinePolicy("WebServer"), "http://127.0.0.1:8123");
-
-    m_choices.updateManager = m_desktop.Folder() + "missing.exe";
-    const auto done = LayOutSampleDesktop(m_choices);
-    ASSERT_FALSE(done);
-    EXPECT_EQ(done.Failure().code, 2);
-    EXPECT_NE(done.Failure().description.find("missing.exe"), std::string::npos);
 }
 
 } // namespace

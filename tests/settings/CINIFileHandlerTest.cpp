@@ -1,6 +1,7 @@
 #include "settings/CINIFileHandler.h"
 
 #include "settings/DiagnosticLog.h"
+#include "tests/support/CountedReads.h"
 #include "tests/support/TemporaryDesktop.h"
 
 #include <gmock/gmock.h>
@@ -113,6 +114,32 @@ TEST_F(CINIFileHandlerTest, LongTextIsCutToItsBuffer)
     Hold(std::string(40'000, 'x'));
     EXPECT_EQ(m_handler.MyGetAppProfileString("S", "k", "").size(), 255U);
     EXPECT_EQ(m_handler.MyGetAppProfileSection("S").size(), 32'765U);
+}
+
+TEST_F(CINIFileHandlerTest, ASnapshotAnswersAsTheFileWas)
+{
+    m_desktop.Write("VelmoUpd.ini",
+                    "[S]\r\nk = \"7,5x\" \r\nyes=True\r\n;c\r\nK=2\r\n[T]\n[s]\nk=3\n");
+    (void)test::TakeCountedReads();
+    const SettingsSnapshot then = m_handler.Snapshot();
+    m_handler.MyWriteAppProfileString("S", "k", "9");
+    EXPECT_EQ(m_handler.Snapshot("S").Long("S", "k", 0), 9);
+    EXPECT_EQ(then.String("s", "K", ""), "7,5x");
+    EXPECT_EQ(then.Integer("S", "k", 0), 7);
+    EXPECT_EQ(then.Long("S", "k", 0), 7);
+    EXPECT_EQ(then.Single("S", "k", 0, '.'), 7.5F);
+    EXPECT_TRUE(then.Boolean("S", "yes", false));
+    EXPECT_EQ(then.String("T", "k", "none  "), "none");
+    EXPECT_EQ(then.Section("S"), "k=\"7,5x\"\0yes=True\0K=2\0"s);
+    EXPECT_THAT(then.SectionNames(), testing::ElementsAre("S", "T"));
+    EXPECT_THAT(then.Entries("S"),
+                testing::ElementsAre(testing::Pair("k", "7,5x"), testing::Pair("yes", "True"),
+                                     testing::Pair("K", "2")));
+    EXPECT_EQ(SettingsSnapshot::Parse("\xFF\xFE[\0A\0]\0\n\0k\0=\0\xE4\0"sv).String("a", "K", ""),
+              "\xC3\xA4");
+    EXPECT_EQ(SettingsSnapshot().Long("A", "k", 5), 5);
+    // The snapshot, the write in between and the one question after it.
+    EXPECT_EQ(test::TakeCountedReads()["velmoupd.ini"], 3);
 }
 
 TEST_F(CINIFileHandlerTest, AFailedWriteIsALineInTheLog)

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "platform/MFile.h"
 #include "tests/support/TemporaryDesktop.h"
+#include "tests/support/TestSystem.h"
 
-#include <memory>
-#include <string>
+#include <sstream>
 #include <vector>
 
 namespace velmo::test
@@ -14,19 +15,26 @@ class FakeBrowser
 {
   public:
     /// @a desktop must outlive it.
-    explicit FakeBrowser(const TemporaryDesktop& desktop);
-    ~FakeBrowser();
-    FakeBrowser(const FakeBrowser&) = delete;
-    FakeBrowser& operator=(const FakeBrowser&) = delete;
+    explicit FakeBrowser(const TemporaryDesktop& desktop)
+        : m_record(desktop.Write("opened.txt", "")), m_registered(RegisterBrowser(m_record))
+    {}
 
     /// What has been opened so far; another process writes it, so wait for it.
-    [[nodiscard]] std::vector<std::string> Opened() const;
+    [[nodiscard]] std::vector<std::string> Opened() const
+    {
+        const auto record = platform::MFile::ReadAll(m_record); // It may be writing just now.
+        std::istringstream lines(record ? record.Value() : std::string());
+        std::vector<std::string> opened;
+        for (std::string line; std::getline(lines, line);)
+        {
+            opened.push_back(line);
+        }
+        return opened;
+    }
 
   private:
-    class Registration;
-
     std::string m_record;
-    std::unique_ptr<Registration> m_registration; ///< As the system knows its browser.
+    std::shared_ptr<void> m_registered; ///< As long as the system knows its browser.
 };
 
 } // namespace velmo::test

@@ -22,6 +22,16 @@ std::string PathOf(const std::string& head)
     return head.substr(start, end - start);
 }
 
+std::string LengthLine(std::uint64_t length)
+{
+    return "Content-Length: " + std::to_string(length) + "\r\n";
+}
+
+std::string HeadText(std::string_view statusLine, const std::string& line)
+{
+    return "HTTP/1.1 " + std::string(statusLine) + "\r\n" + line + "Connection: close\r\n\r\n";
+}
+
 std::string ReadHead(const LoopbackSocket& socket)
 {
     std::string head;
@@ -83,12 +93,6 @@ void FaultServer::Serve(const std::string& path, std::string_view content)
     Play(path, Answer("200 OK", content));
 }
 
-void FaultServer::PlayToSecureClients(Script script)
-{
-    const std::lock_guard lock(m_mutex);
-    m_secureScript = std::move(script);
-}
-
 void FaultServer::Release(const std::string& path)
 {
     {
@@ -112,21 +116,17 @@ std::vector<std::string> FaultServer::Requests() const
 
 int FaultServer::CountOf(const std::string& path) const
 {
-    const std::lock_guard lock(m_mutex);
-    return static_cast<int>(std::ranges::count(m_requests, path, PathOf));
+    return static_cast<int>(std::ranges::count(Requests(), path, PathOf));
 }
 
 FaultServer::Script FaultServer::Answer(std::string_view statusLine, std::string_view content)
 {
-    return {Send("HTTP/1.1 " + std::string(statusLine) +
-                 "\r\nContent-Length: " + std::to_string(content.size()) +
-                 "\r\nConnection: close\r\n\r\n" + std::string(content))};
+    return {Send(HeadText(statusLine, LengthLine(content.size())) + std::string(content))};
 }
 
 FaultServer::Step FaultServer::Head(std::uint64_t length)
 {
-    return Send("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(length) +
-                "\r\nConnection: close\r\n\r\n");
+    return Send(HeadText("200 OK", LengthLine(length)));
 }
 
 FaultServer::Step FaultServer::Send(std::string_view bytes, std::uint64_t times)
@@ -174,17 +174,16 @@ FaultServer::Step FaultServer::Reset()
 
 FaultServer::Script FaultServer::Redirect(std::string_view location)
 {
-    return {Send("HTTP/1.1 302 Found\r\nLocation: " + std::string(location) +
-                 "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n")};
+    return {
+        Send(HeadText("302 Found", "Location: " + std::string(location) + "\r\n" + LengthLine(0)))};
 }
 
 FaultServer::Script FaultServer::Chunked(std::string_view content, bool finish)
 {
     std::array<char, 20> size{};
     std::snprintf(size.data(), size.size(), "%zx\r\n", content.size());
-    return {Send("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\nConnection: close\r\n\r\n" +
-                 std::string(size.data()) + std::string(content) +
-                 (finish ? "\r\n0\r\n\r\n" : ""))};
+    return {Send(HeadText("200 OK", "Transfer-Encoding: chunked\r\n") + size.data() +
+                 std::string(content) + (finish ? "\r\n0\r\n\r\n" : ""))};
 }
 
 void FaultServer::AcceptAll()
@@ -228,7 +227,7 @@ FaultServer::Script FaultServer::ScriptFor(const std::string& head, Connection& 
     const std::lock_guard lock(m_mutex);
     if (head.front() == kTlsHandshake)
     {
-        return m_secureScript;
+        return m_scripts[""];
     }
     m_requests.push_back(head);
     connection.path = PathOf(head);

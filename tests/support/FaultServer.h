@@ -47,14 +47,12 @@ class FaultServer
     /// "http://127.0.0.1:<port><path>", or with another scheme.
     [[nodiscard]] std::string Url(std::string_view path, std::string_view scheme = "http") const;
 
-    /// What is answered to requests for @a path, whatever its query.
+    /// What is answered to requests for @a path, whatever its query; for "" what is answered to a
+    /// client that begins a secure connection, which a fresh server drops.
     void Play(const std::string& path, Script script);
 
     /// A page or file that is there: "200 OK" and its bytes.
     void Serve(const std::string& path, std::string_view content);
-
-    /// What is answered to a client that begins a secure connection; a fresh server drops it.
-    void PlayToSecureClients(Script script);
 
     /// Lets scripts for @a path go on past their holds, those that come later too.
     void Release(const std::string& path);
@@ -97,7 +95,6 @@ class FaultServer
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     std::map<std::string, Script> m_scripts;
-    Script m_secureScript;
     std::map<std::string, bool> m_released;
     std::vector<std::string> m_requests;
     std::list<Connection> m_connections;

@@ -10,8 +10,6 @@
 #include <unistd.h>
 #endif
 
-#include <algorithm>
-#include <array>
 #include <stdexcept>
 #include <utility>
 
@@ -20,46 +18,19 @@ namespace velmo::test
 namespace
 {
 
+// The two systems' names and types for the same things.
 #ifdef _WIN32
-using Handle = SOCKET;
-using Length = int;
 using Count = int;
-constexpr int kBoth = SD_BOTH;
-constexpr int kSendFlags = 0;
-
-constexpr auto kClose = closesocket;
-constexpr auto kControl = ioctlsocket;
 using Flag = u_long;
+using socklen_t = int;
+constexpr int SHUT_RDWR = SD_BOTH;
+constexpr int MSG_NOSIGNAL = 0;
+constexpr auto close = closesocket;
+constexpr auto ioctl = ioctlsocket;
 #else
-using Handle = int;
-using Length = socklen_t;
 using Count = std::size_t;
-constexpr int kBoth = SHUT_RDWR;
-constexpr int kSendFlags = MSG_NOSIGNAL;
-
-constexpr auto kClose = close;
-constexpr auto kControl = ioctl;
 using Flag = int;
 #endif
-
-Handle Native(std::intptr_t handle)
-{
-    return static_cast<Handle>(handle);
-}
-
-std::intptr_t MakeSocket()
-{
-#ifdef _WIN32
-    WSADATA data{};
-    [[maybe_unused]] static const int started = WSAStartup(MAKEWORD(2, 2), &data);
-#endif
-    const auto handle = static_cast<std::intptr_t>(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP));
-    if (handle == -1)
-    {
-        throw std::runtime_error("no socket");
-    }
-    return handle;
-}
 
 sockaddr_in Loopback(int port)
 {
@@ -72,31 +43,30 @@ sockaddr_in Loopback(int port)
 
 } // namespace
 
-LoopbackSocket::LoopbackSocket(LoopbackSocket&& other) noexcept
-    : m_handle(std::exchange(other.m_handle, kNone))
-{}
-
-LoopbackSocket& LoopbackSocket::operator=(LoopbackSocket&& other) noexcept
-{
-    std::swap(m_handle, other.m_handle);
-    return *this;
-}
-
 LoopbackSocket::~LoopbackSocket()
 {
     if (IsOpen())
     {
-        kClose(Native(m_handle));
+        close(m_handle);
     }
+}
+
+LoopbackSocket LoopbackSocket::Fresh()
+{
+#ifdef _WIN32
+    WSADATA data{};
+    [[maybe_unused]] static const int started = WSAStartup(MAKEWORD(2, 2), &data);
+#endif
+    LoopbackSocket made(socket(AF_INET, SOCK_STREAM, IPPROTO_TCP));
+    return made.IsOpen() ? std::move(made) : throw std::runtime_error("no socket");
 }
 
 LoopbackSocket LoopbackSocket::Listening(int backlog)
 {
-    LoopbackSocket made(MakeSocket());
+    LoopbackSocket made = Fresh();
     const sockaddr_in address = Loopback(0);
-    if (bind(Native(made.m_handle), reinterpret_cast<const sockaddr*>(&address), sizeof address) !=
-            0 ||
-        listen(Native(made.m_handle), backlog) != 0)
+    if (bind(made.m_handle, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        listen(made.m_handle, backlog) != 0)
     {
         throw std::runtime_error("cannot listen");
     }
@@ -105,63 +75,53 @@ LoopbackSocket LoopbackSocket::Listening(int backlog)
 
 LoopbackSocket LoopbackSocket::Connecting(int port)
 {
-    LoopbackSocket made(MakeSocket());
+    LoopbackSocket made = Fresh();
     Flag nonBlocking = 1;
-    kControl(Native(made.m_handle), FIONBIO, &nonBlocking);
+    ioctl(made.m_handle, FIONBIO, &nonBlocking);
     const sockaddr_in address = Loopback(port);
-    connect(Native(made.m_handle), reinterpret_cast<const sockaddr*>(&address), sizeof address);
+    connect(made.m_handle, reinterpret_cast<const sockaddr*>(&address), sizeof address);
     return made;
 }
 
 int LoopbackSocket::Port() const
 {
     sockaddr_in address{};
-    Length size = sizeof address;
-    getsockname(Native(m_handle), reinterpret_cast<sockaddr*>(&address), &size);
+    socklen_t size = sizeof address;
+    getsockname(m_handle, reinterpret_cast<sockaddr*>(&address), &size);
     return ntohs(address.sin_port);
 }
 
 LoopbackSocket LoopbackSocket::Accept() const
 {
-    return LoopbackSocket(static_cast<std::intptr_t>(accept(Native(m_handle), nullptr, nullptr)));
+    return LoopbackSocket(accept(m_handle, nullptr, nullptr));
 }
 
 std::string LoopbackSocket::Receive() const
 {
     std::string bytes(16384, '\0');
-    const auto n = recv(Native(m_handle), bytes.data(), static_cast<Count>(bytes.size()), 0);
+    const auto n = recv(m_handle, bytes.data(), static_cast<Count>(bytes.size()), 0);
     bytes.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
     return bytes;
 }
 
 bool LoopbackSocket::Send(std::string_view bytes) const
 {
-    constexpr std::size_t kMostAtOnce = 1U << 20;
-    while (!bytes.empty())
-    {
-        const auto size = static_cast<Count>(std::min(bytes.size(), kMostAtOnce));
-        const auto n = send(Native(m_handle), bytes.data(), size, kSendFlags);
-        if (n <= 0)
-        {
-            return false;
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(n));
-    }
-    return true;
+    // It blocks until all is taken, or the other side has gone.
+    const auto size = static_cast<Count>(bytes.size());
+    return std::cmp_equal(send(m_handle, bytes.data(), size, MSG_NOSIGNAL), size);
 }
 
 void LoopbackSocket::Shutdown() const
 {
-    shutdown(Native(m_handle), kBoth);
+    shutdown(m_handle, SHUT_RDWR);
 }
 
 void LoopbackSocket::Reset()
 {
     // A close that may not linger sends a reset.
     const linger none{1, 0};
-    setsockopt(Native(m_handle), SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&none),
-               sizeof none);
-    kClose(Native(std::exchange(m_handle, kNone)));
+    setsockopt(m_handle, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&none), sizeof none);
+    close(std::exchange(m_handle, kNone));
 }
 
 } // namespace velmo::test

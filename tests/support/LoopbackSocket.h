@@ -1,8 +1,9 @@
 #pragma once
 
-#include <cstdint>
+#include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace velmo::test
 {
@@ -15,8 +16,12 @@ class LoopbackSocket
 {
   public:
     LoopbackSocket() = default;
-    LoopbackSocket(LoopbackSocket&& other) noexcept;
-    LoopbackSocket& operator=(LoopbackSocket&& other) noexcept;
+    LoopbackSocket(LoopbackSocket&& other) noexcept { std::swap(m_handle, other.m_handle); }
+    LoopbackSocket& operator=(LoopbackSocket&& other) noexcept
+    {
+        std::swap(m_handle, other.m_handle);
+        return *this;
+    }
     ~LoopbackSocket();
 
     /// Listens on a port that the system chooses.
@@ -44,10 +49,36 @@ class LoopbackSocket
     void Reset();
 
   private:
-    static constexpr std::intptr_t kNone = -1;
-    explicit LoopbackSocket(std::intptr_t handle) : m_handle(handle) {}
+#ifdef _WIN32
+    using Handle = unsigned long long;
+#else
+    using Handle = int;
+#endif
+    static constexpr auto kNone = static_cast<Handle>(-1);
+    explicit LoopbackSocket(Handle handle) : m_handle(handle) {}
+    [[nodiscard]] static LoopbackSocket Fresh();
 
-    std::intptr_t m_handle = kNone;
+    Handle m_handle = kNone;
 };
+
+/// A port of 127.0.0.1 where nobody answers, as on a host that is switched off: it listens, but its
+/// queue of connections is full, so that attempts hang. (A genuine Windows refuses them instead.)
+class DeadPort
+{
+  public:
+    [[nodiscard]] int Number() const { return m_listener.Port(); }
+
+  private:
+    LoopbackSocket m_listener = LoopbackSocket::Listening(0);
+    std::array<LoopbackSocket, 3> m_queue{LoopbackSocket::Connecting(m_listener.Port()),
+                                          LoopbackSocket::Connecting(m_listener.Port()),
+                                          LoopbackSocket::Connecting(m_listener.Port())};
+};
+
+/// A port of 127.0.0.1 that refuses connections: nobody listens there.
+[[nodiscard]] inline int ClosedPort()
+{
+    return LoopbackSocket::Listening(1).Port();
+}
 
 } // namespace velmo::test

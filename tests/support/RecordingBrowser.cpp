@@ -1,4 +1,4 @@
-#include "tests/support/BrowserRegistration.h"
+#include "tests/support/TestSystem.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -5,7 +5,7 @@
 #include "platform/MachinePolicy.h"
 #include "platform/PrivateProfile.h"
 #include "platform/UserSettings.h"
-#include "tests/support/DesktopStores.h"
+#include "tests/support/TestSystem.h"
 
 #include <atomic>
 #include <stdexcept>
@@ -17,10 +17,11 @@ namespace
 
 constexpr const char* kVendor = "Velmo Software";
 
-std::string NewFolder(unsigned long process)
+std::string NewFolder()
 {
     static std::atomic<unsigned> count = 0;
-    return "C:\\velmo-test-" + std::to_string(process) + "-" + std::to_string(++count) + "\\";
+    return "C:\\velmo-test-" + std::to_string(ProcessNumber()) + "-" + std::to_string(++count) +
+           "\\";
 }
 
 template <typename T>
@@ -35,11 +36,7 @@ T Require(Result<T> result, std::string_view what)
 
 } // namespace
 
-TemporaryDesktop::TemporaryDesktop()
-    : m_folder(NewFolder(Stores::ProcessNumber())), m_stores(std::make_unique<Stores>(m_folder))
-{}
-
-TemporaryDesktop::~TemporaryDesktop() = default;
+TemporaryDesktop::TemporaryDesktop() : m_folder(NewFolder()), m_opened(NewDesktop(m_folder)) {}
 
 std::string TemporaryDesktop::Write(std::string_view name, std::string_view bytes) const
 {
@@ -49,18 +46,27 @@ std::string TemporaryDesktop::Write(std::string_view name, std::string_view byte
     return path;
 }
 
+std::string TemporaryDesktop::WriteProgram(std::string_view name) const
+{
+    std::string path = Write(name, StartableProgram());
+    MakeStartable(path);
+    return path;
+}
+
 std::string TemporaryDesktop::Read(std::string_view name) const
 {
     return Require(platform::MFile::ReadAll(PathOf(name)), name);
 }
 
+std::filesystem::path TemporaryDesktop::Native(std::string_view name) const
+{
+    return NativePath(PathOf(name));
+}
+
 void TemporaryDesktop::SetWinIniFolder(std::string_view name, std::string_view folder) const
 {
     const std::string file = platform::WindowsDirectory() + "Win.ini";
-    if (!platform::WritePrivateProfileText(kVendor, name, folder, file))
-    {
-        throw std::runtime_error(file + ": " + platform::LastProfileFailure());
-    }
+    Require(platform::WritePrivateProfileText(kVendor, name, folder, file), file);
 }
 
 void TemporaryDesktop::SetUserFolder(std::string_view name, std::string_view folder) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,7 +21,6 @@ class TemporaryDesktop
     TemporaryDesktop();
     TemporaryDesktop(const TemporaryDesktop&) = delete;
     TemporaryDesktop& operator=(const TemporaryDesktop&) = delete;
-    ~TemporaryDesktop();
 
     /// The folder for the test's files, a Windows path such as "C:\velmo-test-17-1\".
     [[nodiscard]] const std::string& Folder() const { return m_folder; }
@@ -29,8 +29,14 @@ class TemporaryDesktop
     /// Gives its path.
     std::string Write(std::string_view name, std::string_view bytes) const;
 
+    /// Writes a program that this system can start and that ends at once. Gives its path.
+    std::string WriteProgram(std::string_view name) const;
+
     /// All bytes of a file, by its path or by its name below Folder().
     [[nodiscard]] std::string Read(std::string_view name) const;
+
+    /// A file below Folder() as this machine's own functions know it.
+    [[nodiscard]] std::filesystem::path Native(std::string_view name) const;
 
     /// Sets a folder value of section "Velmo Software" in "Win.ini".
     void SetWinIniFolder(std::string_view name, std::string_view folder) const;
@@ -41,12 +47,10 @@ class TemporaryDesktop
     void SetPolicy(std::string_view name, std::string_view value) const;
 
   private:
-    class Stores;
-
     [[nodiscard]] std::string PathOf(std::string_view name) const;
 
     std::string m_folder;
-    std::unique_ptr<Stores> m_stores; ///< The system's part of the desktop, as long as it lives.
+    std::shared_ptr<void> m_opened; ///< The system's part of the desktop, as long as it lives.
 };
 
 } // namespace velmo::test

@@ -1,3 +1,4 @@
+#include "app/EquipmentPage.h"
 #include "equipment/EquipmentList.h"
 #include "platform/MFile.h"
 #include "sample/EquipmentDatabaseFile.h"
@@ -7,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <wx/menu.h>
 #include <wx/textctrl.h>
 
 #include <chrono>
@@ -21,11 +23,14 @@ namespace
 namespace MFile = platform::MFile;
 
 constexpr char kList[] = "[Manufver General]\r\nServer Address HTTP=%SERVER%\r\n"
-                         "[Birchmere]\r\nMDBSetupFileSize=700000\r\n"
+                         "[Birchmere]\r\nMDBSetupFileSize=8000000\r\n"
                          "1ManufacturerName=Birchmere Comfort\r\n1MDBFilename=birchmere1.mdb\r\n"
-                         "1ReleaseDate=3/4/2026\r\n";
+                         "1ReleaseDate=3/4/2026\r\n"
+                         "[Ashgrove]\r\nMDBSetupFileSize=300000\r\n"
+                         "1ManufacturerName=Ashgrove Air\r\n1MDBFilename=ashgrove1.mdb\r\n"
+                         "1ReleaseDate=5/6/2026\r\n";
 constexpr char kSetupPath[] = "/pub/mervala/mdb/birchmere.exe";
-constexpr std::size_t kSetupSize = 700'000;
+constexpr std::size_t kSetupSize = 8'000'000;
 
 std::string DatabaseOf(std::chrono::year_month_day released)
 {
@@ -49,10 +54,8 @@ class InstallTest : public testing::Test
         using namespace std::chrono;
         std::string list = kList;
         list.replace(list.find("%SERVER%"), 8, m_desktop.server.Url(""));
-        m_desktop.ServeLists("[News Headlines]\r\n");
-        m_desktop.server.Serve("/pub/demo/manufver.ini", list);
+        m_desktop.ServeLists("[News Headlines]\r\n", list);
         m_desktop.desktop.Write("Common\\birchmere1.mdb", DatabaseOf(2025y / 1 / 2));
-        m_desktop.WriteSettings("[Miscellaneous]\r\nAutoConnect=0 'False\r\n");
     }
 
     /// The text of the only row's cell.
@@ -61,23 +64,20 @@ class InstallTest : public testing::Test
         return test.manager.Equipment().Grid().Text(0, column);
     }
 
-    /// Fetches, ticks what needs an update and presses "&Install..."; in the dialog, does what
+    /// Fetches, ticks by that command and presses "&Install..."; in the dialog, does what
     /// @a person does. Returns when the dialog has closed.
-    void Install(WindowUnderTest& test, const std::function<void(wxWindow&)>& person)
+    void Install(WindowUnderTest& test, const char* command,
+                 const std::function<void(wxWindow&)>& person)
     {
-        test.window->Open("");
-        test.manager.FetchLists();
-        ASSERT_EQ(test.manager.Counts().databases, 1);
+        test.loop.holds = false;
+        test.OpenAndFetch();
+        ASSERT_EQ(test.manager.Shown().Counts().databases, 1);
         ASSERT_EQ(Cell(test, EquipmentColumn::DatabaseInstalled), "1/2/2025");
         ASSERT_EQ(Cell(test, EquipmentColumn::DatabaseNeedsUpdate), "Yes");
-        for (const MarkCommand& command : kMarkCommands)
-        {
-            if (command.caption == "Mark All Databases that Need Updating")
-            {
-                test.manager.Equipment().Grid().Run(command);
-            }
-        }
-        WhenShown(test.loop, "frmInstallMDB", person);
+        wxMenu menu;
+        test.Find<EquipmentPage>("picHoldEquipment").FillMarkMenu(menu);
+        Choose(menu, command);
+        WhenShown("frmInstallMDB", person);
         test.Press("cmdInstallMDBs");
     }
 
@@ -91,7 +91,7 @@ TEST_F(InstallTest, WhatIsTickedIsDownloadedInstalledAndShownAsInstalled)
     WindowUnderTest test;
     std::string lines;
     std::string overall;
-    Install(test, [&](wxWindow& dialog) {
+    Install(test, "Mark All Databases that Need Updating", [&](wxWindow& dialog) {
         Press(dialog, "cmdStart");
         overall = Find<ProgressPicture>(dialog, "picOverall").Text().utf8_string();
         lines = Find<wxTextCtrl>(dialog, "txtStatus").GetValue().utf8_string();
@@ -103,20 +103,36 @@ TEST_F(InstallTest, WhatIsTickedIsDownloadedInstalledAndShownAsInstalled)
     test.WaitFor("the setup's end and the second look",
                  [&] { return Cell(test, EquipmentColumn::DatabaseInstalled) == "3/4/2026"; });
     EXPECT_EQ(Cell(test, EquipmentColumn::DatabaseNeedsUpdate), "No");
-    EXPECT_EQ(test.manager.Counts().databases, 0);
+    EXPECT_EQ(test.manager.Shown().Counts().databases, 0);
     EXPECT_EQ(m_desktop.Setting("SetupSettings", "NoHVACWizard"), "0 'False");
     test.WaitFor("the download folder's end",
                  [&] { return !MFile::FolderExists(m_desktop.desktop.Folder() + "Common\\Temp"); });
 }
 
-TEST_F(InstallTest, CancelDuringADownloadStartsNoSetupAndClosingWaitsForTheEnd)
+TEST_F(InstallTest, EscapeDuringADownloadStartsNoSetupAndClosesOnceThatHasEnded)
 {
     using namespace std::chrono;
     m_desktop.server.Play(
         kSetupPath, {FaultServer::Head(kSetupSize), FaultServer::Send("MZ"), FaultServer::Hold()});
     WindowUnderTest test;
-    Install(test, [&](wxWindow& dialog) {
-        test.loop.After(milliseconds(200), [&dialog] { dialog.Close(); });
+    Install(test, "Mark All Databases", [&](wxWindow& dialog) {
+        When(
+            [&] {
+                return m_desktop.server.CountOf(kSetupPath) == 1 &&
+                       Find<ProgressPicture>(dialog, "picCurrent").Text().Contains("%");
+            },
+            [&] {
+                EXPECT_FALSE(Find<wxButton>(dialog, "cmdStart").IsEnabled());
+                EXPECT_EQ(Find<ProgressPicture>(dialog, "picCurrent").Text(),
+                          "2 Bytes of 7.6 MB (0%)");
+                EXPECT_EQ(Find<ProgressPicture>(dialog, "picOverall").Text(),
+                          "2 Bytes of 7.9 MB (0%)");
+                wxKeyEvent escape(wxEVT_CHAR_HOOK);
+                escape.m_keyCode = WXK_ESCAPE;
+                dialog.GetEventHandler()->ProcessEvent(escape);
+                EXPECT_TRUE(dialog.IsShown()) << "the download ends first";
+                dialog.Close();
+            });
         Press(dialog, "cmdStart");
     });
     EXPECT_EQ(wxWindow::FindWindowByName("frmInstallMDB"), nullptr);

@@ -22,74 +22,114 @@ namespace velmo::test
 namespace
 {
 
-constexpr char kVersionList[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=15\r\n";
-constexpr char kNoAutoConnect[] = "[Miscellaneous]\r\nAutoConnect=0 'False\r\n";
+constexpr char kVersionList[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=16\r\n";
 
 std::string Label(const wxWindow& control)
 {
     return control.GetLabel().utf8_string();
 }
 
-TEST(MainWindowTest, BearsItsCaptionItsTabsAndItsMenus)
+TEST(MainWindowTest, BearsItsCaptionItsTabsItsMenusAndItsColumns)
 {
     const WindowDesktop desktop;
     WindowUnderTest test;
     EXPECT_EQ(test.window->GetTitle(), "Velmo Software Update Manager");
-    auto& tabs = test.Find<wxBookCtrlBase>("tbsMain");
-    ASSERT_EQ(tabs.GetPageCount(), 3U);
-    EXPECT_EQ(wxControl::RemoveMnemonics(tabs.GetPageText(0)), "Programs");
-    EXPECT_EQ(wxControl::RemoveMnemonics(tabs.GetPageText(1)), "HVAC Equipment Databases");
-    EXPECT_EQ(wxControl::RemoveMnemonics(tabs.GetPageText(2)), "Latest News");
-    wxMenuBar* menus = test.window->GetMenuBar();
-    EXPECT_EQ(menus->GetMenuLabel(0), "&File");
-    EXPECT_EQ(menus->GetMenuLabel(1), "&Help");
-    EXPECT_EQ(menus->FindItem(wxID_EXIT)->GetItemLabel(), "E&xit\tAlt+F4");
-    EXPECT_EQ(menus->FindItem(wxID_ABOUT)->GetItemLabel(), "&About Update Manager...");
-    EXPECT_EQ(Label(test.Find<wxStaticText>("lblStats")),
-              "Need to Update:  Programs: 0, Databases: 0, Pictures: 0");
     EXPECT_FALSE(test.window->IsShown()) << "loading does not show the window";
+    wxString tabs;
+    auto& book = test.Find<wxBookCtrlBase>("tbsMain");
+    for (std::size_t page = 0; page < book.GetPageCount(); ++page)
+    {
+        tabs += wxControl::RemoveMnemonics(book.GetPageText(page)) + "|";
+    }
+    EXPECT_EQ(tabs, "Programs|HVAC Equipment Databases|Latest News|");
+    std::string menus;
+    const wxMenuBar& bar = *test.window->GetMenuBar();
+    for (std::size_t menu = 0; menu < bar.GetMenuCount(); ++menu)
+    {
+        menus += bar.GetMenuLabel(menu).utf8_string() + "\n" + EntriesOf(*bar.GetMenu(menu));
+    }
+    EXPECT_EQ(menus, "&File\nE&xit\tAlt+F4\n"
+                     "&Help\nOpen &Log File\nCopy &Details\n-\n&About Update Manager...\n");
+    std::string columns;
+    const auto& list = test.Find<ListView>("lvwMain");
+    for (int column = 0; column < list.GetColumnCount(); ++column)
+    {
+        wxListItem header;
+        header.SetMask(wxLIST_MASK_TEXT);
+        list.GetColumn(column, header);
+        columns += header.GetText().utf8_string() + "|";
+    }
+    EXPECT_EQ(columns, "Program|Check for Update on Startup|Installed Version|Latest Version|"
+                       "Need to Update|");
 }
 
-TEST(MainWindowTest, FetchesAfterItOpensAndTellsWhatItDid)
+TEST(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
+{
+    WindowDesktop desktop;
+    desktop.ServeLists(kVersionList);
+    desktop.InstallLoadcalc();
+    WindowUnderTest test;
+    test.window->Open("  Loadcalc 8 ");
+    EXPECT_TRUE(test.window->IsShown());
+    EXPECT_EQ(test.manager.Programs().Selected()->Name(), "Loadcalc 8");
+    const auto& stats = test.Find<wxStaticText>("lblStats");
+    EXPECT_EQ(Label(stats), "Need to Update:  Programs: 0, Databases: 0, Pictures: 0");
+    EXPECT_EQ(stats.GetFont().GetWeight(), wxFONTWEIGHT_NORMAL);
+    ASSERT_EQ(test.loop.Waiting(kOpeningTimer), 1U);
+    EXPECT_EQ(desktop.Fetches(), 0);
+    test.loop.Fire(kOpeningTimer);
+    EXPECT_TRUE(test.manager.Lists().Succeeded());
+    EXPECT_EQ(test.loop.Waiting(kOpeningTimer), 0U) << "once";
+    EXPECT_EQ(desktop.Fetches(), 1);
+    EXPECT_EQ(test.Find<wxTextCtrl>("txtStatus").GetValue().utf8_string(),
+              "Attempting to connect...\nVersion information successfully downloaded\n"
+              "Program and database lists have been refreshed");
+    EXPECT_EQ(Label(stats), "Need to Update:  Programs: 1, Databases: 0, Pictures: 0");
+    EXPECT_EQ(stats.GetFont().GetWeight(), wxFONTWEIGHT_BOLD);
+    EXPECT_EQ(Label(test.Find<wxButton>("cmdDownloadUpdate")), "&Download Update for Loadcalc 8");
+    EXPECT_EQ(Label(test.Find<wxButton>("cmdGoToUpdatePage")), "&Go to Update Page for Loadcalc 8");
+    auto& list = test.Find<ListView>("lvwMain");
+    EXPECT_EQ(list.GetItemCount(), 33);
+    EXPECT_EQ(list.GetItemText(4, 3), "8.02.16");
+    ASSERT_EQ(test.prompts.notices.size(), 1U);
+    EXPECT_EQ(test.prompts.notices[0].title, "Need to Update") << "of the program that was named";
+}
+
+TEST(MainWindowTest, TheTimerWaitsForAnOpenWindowToBeClosed)
 {
     WindowDesktop desktop;
     desktop.ServeLists(kVersionList);
     WindowUnderTest test;
-    test.window->Open("Loadcalc 8");
-    EXPECT_TRUE(test.window->IsShown());
-    test.WaitFor("the fetch", [&] { return test.manager.Lists().Succeeded(); });
-    test.WaitFor("its end", [&] { return !test.manager.Lists().Busy(); });
-    EXPECT_EQ(test.Find<wxTextCtrl>("txtStatus").GetValue().utf8_string(),
-              "Attempting to connect...\nVersion information successfully downloaded\n"
-              "Program and database lists have been refreshed");
-    EXPECT_EQ(test.manager.Programs().List().SelectedRow()->key, "Loadcalc 8");
-    EXPECT_EQ(Label(test.Find<wxButton>("cmdDownloadUpdate")), "&Download Demo for Loadcalc 8");
-    EXPECT_EQ(Label(test.Find<wxButton>("cmdGoToUpdatePage")), "&Go to Update Page for Loadcalc 8");
-    auto& list = test.Find<ListView>("lvwMain");
-    EXPECT_EQ(list.GetItemCount(), 33);
-    EXPECT_EQ(list.GetItemText(4, 3), "8.02.15");
+    test.window->Open("");
+    WhenShown("frmAbout", [&](wxWindow& about) {
+        test.loop.Fire(kOpeningTimer);
+        EXPECT_EQ(desktop.Fetches(), 0);
+        EXPECT_FALSE(test.window->Close()) << "nor does the window close";
+        Press(about, "cmdOK");
+    });
+    Choose(*test.window->GetMenuBar()->GetMenu(1), "About Update Manager...");
+    test.loop.Fire(kOpeningTimer);
+    EXPECT_EQ(desktop.Fetches(), 1);
+    EXPECT_TRUE(test.window->Close());
 }
 
 TEST(MainWindowTest, CancelIsSeenWhileTheServerIsSilentAndClosingIsRefusedUntilThen)
 {
     WindowDesktop desktop;
     desktop.ServeLists(kVersionList);
-    desktop.WriteSettings(kNoAutoConnect);
     desktop.server.Play("/pub/demo/version.ini",
                         {FaultServer::Hold(), FaultServer::Answer("200 OK", kVersionList)[0]});
     WindowUnderTest test;
     test.window->Open("");
     EXPECT_EQ(Label(test.Find<wxButton>("cmdReconnect")), "&Refresh Lists");
-    bool canceled = false;
-    test.loop.Post([&] { test.Press("cmdReconnect"); });
-    test.loop.After(std::chrono::milliseconds(200), [&] {
-        EXPECT_EQ(Label(test.Find<wxButton>("cmdReconnect")), "&Cancel");
-        EXPECT_FALSE(test.window->Close()) << "a fetch is under way";
-        test.Press("cmdReconnect");
-        canceled = true;
-        desktop.server.Release("/pub/demo/version.ini");
-    });
-    test.WaitFor("the end", [&] { return canceled && !test.manager.Lists().Busy(); });
+    When([&] { return desktop.Fetches() == 1; },
+         [&] {
+             EXPECT_EQ(Label(test.Find<wxButton>("cmdReconnect")), "&Cancel");
+             EXPECT_FALSE(test.window->Close()) << "a fetch is under way";
+             test.Press("cmdReconnect");
+             desktop.server.Release("/pub/demo/version.ini");
+         });
+    test.Press("cmdReconnect");
     EXPECT_TRUE(test.manager.StatusBox().Text().ends_with("Connection Canceled\r\n"));
     EXPECT_EQ(test.pointer.Shape(), PointerShape::Normal);
     EXPECT_TRUE(test.window->Close());
@@ -103,8 +143,7 @@ TEST(MainWindowTest, ClosingDeletesTheListsAndRemembersTheWindow)
                           "[Main Window]\r\nLeft=900\r\nTop=600\r\nWidth=13500\r\nHeight=9600\r\n");
     {
         WindowUnderTest test;
-        test.window->Open("");
-        test.manager.FetchLists();
+        test.OpenAndFetch();
         EXPECT_TRUE(platform::MFile::FileExists(platform::ProgramFolder() + "version.ini"));
         test.manager.Programs().List().SetColumnWidth(1, 2550);
         test.loop.Yield();
@@ -132,10 +171,12 @@ TEST(MainWindowTest, AWindowThatStoodOffTheScreenComesBackOntoIt)
         WindowDesktop desktop;
         desktop.WriteSettings(std::string("[Main Window]\r\nLeft=") + left +
                               "\r\nTop=-450000\r\nWidth=15000\r\nHeight=900000\r\nState=0\r\n");
-        const WindowUnderTest test;
-        const wxRect place = test.window->GetRect();
-        EXPECT_TRUE(wxDisplay(0U).GetClientArea().Contains(place))
-            << place.x << " " << place.y << " " << place.width << " " << place.height;
+        WindowUnderTest test;
+        test.window->Open("");
+        // The window manager may show it elsewhere at first.
+        test.WaitFor("a place on the screen", [&] {
+            return wxDisplay(0U).GetClientArea().Contains(test.window->GetRect());
+        });
     }
 }
 
@@ -199,8 +240,7 @@ TEST(MainWindowTest, DatabasesAreShownToThoseWhoAskForThem)
         WindowUnderTest test;
         test.window->Open("Manufacturer Databases");
         EXPECT_EQ(test.Find<wxBookCtrlBase>("tbsMain").GetSelection(), 1);
-        test.WaitFor("the fetch", [&] { return test.manager.Lists().Succeeded(); });
-        test.WaitFor("its end", [&] { return !test.manager.Lists().Busy(); });
+        test.loop.Fire(kOpeningTimer);
         EXPECT_TRUE(test.prompts.notices.empty()) << "no program was named";
     }
     for (const bool databases : {true, false})
@@ -208,7 +248,8 @@ TEST(MainWindowTest, DatabasesAreShownToThoseWhoAskForThem)
         WindowUnderTest test;
         test.window->OpenOnUpdates("Loadcalc 8", databases);
         EXPECT_EQ(test.Find<wxBookCtrlBase>("tbsMain").GetSelection(), databases ? 1 : 0);
-        EXPECT_EQ(test.manager.Programs().List().SelectedRow()->key, "Loadcalc 8");
+        EXPECT_EQ(test.manager.Programs().Selected()->Name(), "Loadcalc 8");
+        EXPECT_EQ(test.loop.Waiting(kOpeningTimer), 0U) << "the lists are there already";
     }
 }
 
@@ -228,13 +269,10 @@ TEST(MainWindowTest, TheCheckBoxIsKeptAndDecidesAboutTheNextOpening)
         EXPECT_EQ(desktop.Setting("Miscellaneous", "AutoConnect"), "0 'False");
     }
     WindowUnderTest test;
+    EXPECT_FALSE(test.Find<wxCheckBox>("chkAutoConnect").IsChecked());
     test.window->Open("");
-    bool later = false;
-    // Timers of one length fire in the order in which they were started.
-    test.loop.After(std::chrono::milliseconds(1100), [&] { later = true; });
-    test.WaitFor("the timer", [&] { return later; });
-    EXPECT_FALSE(test.manager.Lists().Busy());
-    EXPECT_EQ(desktop.server.CountOf("/pub/demo/version.ini"), 0);
+    test.loop.Fire(kOpeningTimer);
+    EXPECT_EQ(desktop.Fetches(), 0);
 }
 
 TEST(MainWindowTest, AHeaderClickSortsAndASecondOneReverses)

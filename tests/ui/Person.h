@@ -2,11 +2,14 @@
 
 #include "platform/MessageLoop.h"
 
+#include <wx/grid.h>
 #include <wx/window.h>
 
 #include <functional>
 #include <stdexcept>
 #include <string>
+
+class wxMenu;
 
 /// What a person does with windows and sees of them, in tests.
 namespace velmo::test
@@ -15,9 +18,12 @@ namespace velmo::test
 /// Lets the loop run until @a done; throws after 20 seconds.
 void WaitFor(platform::MessageLoop& loop, const char* what, const std::function<bool()>& done);
 
-/// Once the window of that name is shown, hands it to @a person. For windows that block their caller.
-void WhenShown(platform::MessageLoop& loop, const char* name,
-               std::function<void(wxWindow&)> person);
+/// Does something as soon as a condition holds, for what goes on while a call blocks its caller.
+void When(std::function<bool()> condition, std::function<void()> action);
+
+/// Once the window of that name is shown, hands it to @a person. A dialog that is still open 20 seconds
+/// after that is closed, and the test fails.
+void WhenShown(const char* name, std::function<void(wxWindow&)> person);
 
 /// The control of that name in a window; throws when there is none of that kind.
 template <typename Control>
@@ -34,7 +40,20 @@ Control& Find(const wxWindow& window, const char* name)
 /// Presses an enabled button as its click does; on another one the test fails.
 void Press(const wxWindow& window, const char* name);
 
+/// Chooses the entry of that caption, with or without its underlining; throws when there is none.
+void Choose(wxMenu& menu, const char* caption);
+
+/// Presses the mouse in the middle of a cell.
+void Click(wxGrid& grid, int row, int column);
+
+/// Presses a key without modifiers in a control.
+void PressKey(wxWindow& control, int key);
+
 /// The text of a label, as if it stood on one line.
 [[nodiscard]] std::string TextOf(const wxWindow& window, const char* name);
+
+/// The entries of a menu, one a line, with what underlines them and their keys; a separator is "-", a
+/// grey entry ends in " (grey)".
+[[nodiscard]] std::string EntriesOf(const wxMenu& menu);
 
 } // namespace velmo::test

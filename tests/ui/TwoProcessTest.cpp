@@ -13,7 +13,6 @@ namespace
 TEST(TwoProcessTest, ASecondStartBringsTheMinimisedFirstBack)
 {
     WindowDesktop desktop;
-    desktop.WriteSettings("[Miscellaneous]\r\nAutoConnect=0 'False\r\n");
     CCheckOtherInstance instances;
     ASSERT_FALSE(instances.OtherInstanceRuns(kMainWindowCaption, kMainWindowClass));
     WindowUnderTest test;

@@ -1,7 +1,6 @@
 #include "app/UpdateWindows.h"
 #include "app/ProgramInformation.h"
 #include "app/frmAbout.h"
-#include "sample/SampleImage.h"
 #include "tests/ui/WindowUnderTest.h"
 
 #include <gmock/gmock.h>
@@ -22,19 +21,24 @@ namespace
 constexpr char kProgram[] = "Loadcalc 8";
 constexpr ProgramVersion kOwn{1, 5, 0};
 
+/// A pointer that remembers its shapes.
+class RecordedPointer final : public MousePointer
+{
+  public:
+    std::vector<PointerShape> shapes;
+
+  private:
+    void Show(PointerShape shape) override { shapes.push_back(shape); }
+};
+
 /// The manager with the windows of update checking, and what it opened in the browser.
 class UpdateWindowsTest : public testing::Test
 {
   protected:
-    void WhenShown(const char* name, std::function<void(wxWindow&)> person)
-    {
-        test::WhenShown(m_loop, name, std::move(person));
-    }
-
     WindowDesktop m_desktop;
     WxMessageLoop m_loop;
     RecordedPrompts m_prompts;
-    WxMousePointer m_pointer;
+    RecordedPointer m_pointer;
     std::vector<std::string> m_opened;
     UpdateManager m_manager{m_loop, m_prompts, m_pointer, [this](const std::string& address) {
                                 m_opened.push_back(address);
@@ -45,8 +49,11 @@ class UpdateWindowsTest : public testing::Test
 
 TEST_F(UpdateWindowsTest, OptionsAreWrittenByOkAndByNothingElse)
 {
-    WhenShown("frmUpdateOptions", [](wxWindow& window) {
+    WhenShown("frmUpdateOptions", [this](wxWindow& window) {
         EXPECT_EQ(window.GetLabel(), "Loadcalc 8 - Update Options");
+        EXPECT_THAT(m_pointer.shapes,
+                    testing::ElementsAre(PointerShape::Hourglass, PointerShape::Normal))
+            << "while it loads";
         const struct
         {
             const char* control;
@@ -88,15 +95,18 @@ TEST_F(UpdateWindowsTest, AProgramThatAllowsAskingOffersThatChoiceAndTheListShow
 {
     m_desktop.WriteSettings("[Loadcalc 8]\r\nCanAskAboutUpdating=True\r\n"
                             "CanCallCheckUpOnStartup=1 'True\r\n"
-                            "CheckForUpdateOnStartupOption=1\r\n");
+                            "CheckForUpdateOnStartupOption=1\r\n"
+                            "NotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
     m_manager.FillLists();
-    const auto cell = [this] { return m_manager.Programs().List().Find(kProgram)->cells[1]; };
+    const auto cell = [this] {
+        return CellText(*m_manager.Programs().Find(kProgram), ProgramColumn::CheckOnStartup);
+    };
     EXPECT_EQ(cell(), "Yes");
     WhenShown("frmUpdateOptions", [](wxWindow& window) {
         auto& ask = Find<wxRadioButton>(window, "optStartup0");
         EXPECT_TRUE(ask.IsEnabled());
         ask.SetValue(true);
-        Find<wxCheckBox>(window, "chkHVACNotify").SetValue(true);
+        EXPECT_TRUE(Find<wxCheckBox>(window, "chkHVACNotify").GetValue());
         Press(window, "cmdOK");
     });
     m_windows.SetOptions(kProgram);
@@ -104,67 +114,75 @@ TEST_F(UpdateWindowsTest, AProgramThatAllowsAskingOffersThatChoiceAndTheListShow
     EXPECT_EQ(m_desktop.Setting(kProgram, "NotifyOfHVACEquipmentUpdateOnStartup"), "1 'True");
 }
 
-TEST_F(UpdateWindowsTest, EachQuestionIsAskedStaysOpenForOptionsAndIsAnsweredByYesOrNo)
+TEST_F(UpdateWindowsTest, TheQuestionTellsWhatThereIs)
 {
+    const ProgramRow needsUpdate{.index = 4, .installed = {8, 2, 14}, .latest = {8, 2, 15}};
     const struct
     {
         StartupFindings findings;
         const char* text;
     } rows[] = {
-        {{true, "", "", {17, 3}},
+        {{needsUpdate, {17, 3}},
          "An update is available for Loadcalc 8, and updates are also available for 17 of the HVAC "
          "equipment databases that you have installed, and 3 of the HVAC equipment picture groups "
          "that you have installed.  Would you like to see the list of available updates?"},
-        {{true, "", "", {1, 0}},
+        {{needsUpdate, {1, 0}},
          "An update is available for Loadcalc 8, and updates are also available for 1 of the HVAC "
          "equipment databases that you have installed.  Would you like to see the list of "
          "available updates?"},
-        {{true, "", "", {0, 1}},
+        {{needsUpdate, {0, 1}},
          "An update is available for Loadcalc 8, and updates are also available for 1 of the HVAC "
          "equipment picture groups that you have installed.  Would you like to see the list of "
          "available updates?"},
-        {{false, "", "", {17, 3}},
+        {{std::nullopt, {17, 3}},
          "Updates are available for 17 of the HVAC equipment databases that you have installed, "
          "and 3 of the HVAC equipment picture groups that you have installed.  Would you like to "
          "see the list of available updates?"},
-        {{false, "", "", {17, 0}},
+        {{std::nullopt, {17, 0}},
          "Updates are available for 17 of the HVAC equipment databases that you have installed.  "
          "Would you like to see the list of available updates?"},
-        {{false, "", "", {0, 3}},
+        {{std::nullopt, {0, 3}},
          "Updates are available for 3 of the HVAC equipment picture groups that you have "
          "installed.  Would you like to see the list of available updates?"},
     };
-    const StartupRequest request("STARTUP Loadcalc 8");
     for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.text);
-        const std::string question = StartupQuestion(row.findings, kProgram);
-        const auto answerAfter = [&](std::function<void(wxWindow&)> person) {
-            WhenShown("frmUpdateMessage", std::move(person));
-            return m_windows.AskToViewUpdates(request, question);
-        };
-        EXPECT_EQ(answerAfter([&](wxWindow& window) {
-                      EXPECT_EQ(window.GetLabel(), "View Available Updates?");
-                      EXPECT_EQ(TextOf(window, "lblInstructions"), row.text);
-                      WhenShown("frmUpdateOptions",
-                                [](wxWindow& options) { Press(options, "cmdOK"); });
-                      Press(window, "cmdOptions");
-                      EXPECT_TRUE(window.IsShown());
-                      EXPECT_EQ(TextOf(window, "lblInstructions"), row.text);
-                      Press(window, "cmdYes");
-                  }),
-                  QuestionAnswer::Yes);
-        EXPECT_EQ(answerAfter([](wxWindow& window) { Press(window, "cmdNo"); }),
-                  QuestionAnswer::No);
-        EXPECT_EQ(answerAfter([](wxWindow& window) { window.Close(); }), QuestionAnswer::No);
+        EXPECT_EQ(StartupQuestion(row.findings, kProgram), row.text);
     }
+}
+
+TEST_F(UpdateWindowsTest, TheQuestionStaysOpenForOptionsAndIsAnsweredByYesOrNo)
+{
+    m_desktop.WriteSettings("[Update Message]\r\nLeft=3000\r\nTop=2250\r\n");
+    const StartupRequest request("STARTUP Loadcalc 8");
+    const std::string question = StartupQuestion({std::nullopt, {17, 3}}, kProgram);
+    const auto answerAfter = [&](std::function<void(wxWindow&)> person) {
+        WhenShown("frmUpdateMessage", std::move(person));
+        return m_windows.AskToViewUpdates(request, question);
+    };
+    EXPECT_EQ(answerAfter([&](wxWindow& window) {
+                  EXPECT_EQ(window.GetLabel(), "View Available Updates?");
+                  EXPECT_EQ(TextOf(window, "lblInstructions"), question);
+                  EXPECT_EQ(window.GetPosition(), window.FromDIP(wxPoint(200, 150)));
+                  WhenShown("frmUpdateOptions", [](wxWindow& options) { Press(options, "cmdOK"); });
+                  Press(window, "cmdOptions");
+                  EXPECT_TRUE(window.IsShown());
+                  Press(window, "cmdYes");
+              }),
+              QuestionAnswer::Yes);
+    EXPECT_EQ(answerAfter([](wxWindow& window) { Press(window, "cmdNo"); }), QuestionAnswer::No);
+    EXPECT_EQ(answerAfter([](wxWindow& window) {
+                  window.Move(window.FromDIP(wxPoint(240, 180)));
+                  window.Close();
+              }),
+              QuestionAnswer::No);
     EXPECT_EQ(m_desktop.Setting(kProgram, "CheckForUpdateOnStartupOption"), "1");
-    EXPECT_NE(m_desktop.Setting("Update Message", "Left"), "(none)");
+    EXPECT_EQ(m_desktop.Setting("Update Message", "Left"), "3600");
 }
 
 TEST_F(UpdateWindowsTest, TheUpdateDialogTellsOffersAndLeadsOn)
 {
-    const UpdateNotice notice{4, kProgram, "8.02.14", "8.02.15"};
+    const ProgramRow program{.index = 4, .installed = {8, 2, 14}, .latest = {8, 2, 15}};
     m_pointer.SetShape(PointerShape::Hourglass);
     WhenShown("frmUpdateDialog", [this](wxWindow& window) {
         EXPECT_EQ(m_pointer.Shape(), PointerShape::Normal);
@@ -183,11 +201,11 @@ TEST_F(UpdateWindowsTest, TheUpdateDialogTellsOffersAndLeadsOn)
         EXPECT_TRUE(window.IsShown());
         Press(window, "cmdDownload");
     });
-    EXPECT_EQ(m_windows.ShowUpdateDialog(notice), DialogAnswer::Download);
+    EXPECT_EQ(m_windows.ShowUpdateDialog(program), DialogAnswer::Download);
     EXPECT_THAT(m_opened,
                 testing::ElementsAre(m_desktop.server.Url("/web/hvacr/loadcalc8_ver.html")));
     WhenShown("frmUpdateDialog", [](wxWindow& window) { Press(window, "cmdClose"); });
-    EXPECT_EQ(m_windows.ShowUpdateDialog(notice), DialogAnswer::Close);
+    EXPECT_EQ(m_windows.ShowUpdateDialog(program), DialogAnswer::Close);
 }
 
 TEST_F(UpdateWindowsTest, TheUpdateManagerHasNeitherOptionsNorAPage)
@@ -198,13 +216,13 @@ TEST_F(UpdateWindowsTest, TheUpdateManagerHasNeitherOptionsNorAPage)
         EXPECT_TRUE(Find<wxButton>(window, "cmdDownload").IsEnabled());
         Press(window, "cmdClose");
     });
-    EXPECT_EQ(m_windows.ShowUpdateDialog({31, "Update Manager 1", "1.04.12", "1.05.0"}),
-              DialogAnswer::Close);
+    EXPECT_EQ(
+        m_windows.ShowUpdateDialog({.index = 31, .installed = {1, 4, 12}, .latest = {1, 5, 0}}),
+        DialogAnswer::Close);
 }
 
 TEST_F(UpdateWindowsTest, AfterOpeningTheNamedProgramsStatusIsTold)
 {
-    m_desktop.desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.desktop.Folder());
     m_manager.FillLists();
     m_manager.Programs().List().Select(kProgram);
     const auto toldAfter = [this](const char* revision) {
@@ -216,9 +234,7 @@ TEST_F(UpdateWindowsTest, AfterOpeningTheNamedProgramsStatusIsTold)
     };
     EXPECT_EQ(toldAfter("15"), "Update Status Unknown|There was a problem in getting the update "
                                "status for Loadcalc 8.");
-    m_desktop.desktop.Write(
-        "Loadcalc8.exe",
-        sample::WriteSampleImage({"Loadcalc", "Loadcalc", "Loadcalc8.exe", {8, 2, 15}}));
+    m_desktop.InstallLoadcalc();
     EXPECT_EQ(toldAfter("15"), "Up to Date|Loadcalc 8 is up to date.");
     EXPECT_EQ(toldAfter("16"), "Need to Update|Loadcalc 8 needs to be updated.  Click \"Download "
                                "Update for Loadcalc 8\" to download and install the update.");
@@ -245,15 +261,13 @@ TEST_F(UpdateWindowsTest, AfterOpeningAnUpdateOfTheUpdateManagerIsOffered)
 TEST(AboutTest, TellsWhatTheProgramSaysOfItself)
 {
     const frmAbout about(
-        nullptr, {"Velmo Software Update Manager", "1.02.0005", "What & why", "Copyright 2026"});
+        nullptr,
+        {"Velmo Software Update Manager", "1.02.0005", {1, 2, 5}, "What & why", "Copyright 2026"});
     EXPECT_EQ(about.GetTitle(), "About Velmo Software Update Manager");
     EXPECT_EQ(TextOf(about, "lblTitle"), "Velmo Software Update Manager");
     EXPECT_EQ(TextOf(about, "lblVersion"), "Version 1.02.5");
     EXPECT_EQ(TextOf(about, "lblDescription"), "What & why");
     EXPECT_EQ(TextOf(about, "lblCopyright"), "Copyright 2026");
-    EXPECT_EQ(VersionLabel("12.3.0"), "Version 12.03.0");
-    EXPECT_EQ(VersionLabel("x"), "Version 0.00.0");
-    EXPECT_FALSE(OwnInformation().title.empty());
 }
 
 } // namespace

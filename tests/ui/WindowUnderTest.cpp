@@ -1,10 +1,11 @@
 #include "tests/ui/WindowUnderTest.h"
 
-#include "platform/MFile.h"
 #include "platform/PrivateProfile.h"
+#include "sample/SampleImage.h"
 
 #include <wx/app.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmo::test
@@ -17,10 +18,22 @@ WindowDesktop::WindowDesktop() : m_common(desktop.Folder() + "Common")
     desktop.SetPolicy("WebServer", server.Url(""));
 }
 
-void WindowDesktop::ServeLists(std::string_view versionList)
+void WindowDesktop::ServeLists(std::string_view versionList, std::string_view manufacturers)
 {
     server.Serve("/pub/demo/version.ini", versionList);
-    server.Serve("/pub/demo/manufver.ini", "");
+    server.Serve("/pub/demo/manufver.ini", manufacturers);
+}
+
+void WindowDesktop::InstallLoadcalc()
+{
+    desktop.SetWinIniFolder("LoadcalcDirectory", desktop.Folder());
+    desktop.Write("Loadcalc8.exe",
+                  sample::WriteSampleImage({"Loadcalc", "Loadcalc", "Loadcalc8.exe", {8, 2, 15}}));
+}
+
+int WindowDesktop::Fetches() const
+{
+    return static_cast<int>(server.CountOf("/pub/demo/version.ini"));
 }
 
 std::string WindowDesktop::Setting(std::string_view section, std::string_view key) const
@@ -31,6 +44,37 @@ std::string WindowDesktop::Setting(std::string_view section, std::string_view ke
 void WindowDesktop::WriteSettings(std::string_view text) const
 {
     desktop.Write("Common\\VelmoUpd.ini", text);
+}
+
+void HeldLoop::After(std::chrono::milliseconds delay, std::function<void()> work)
+{
+    if (holds)
+    {
+        m_held.emplace_back(delay, std::move(work));
+        return;
+    }
+    WxMessageLoop::After(delay, std::move(work));
+}
+
+std::size_t HeldLoop::Waiting(std::chrono::milliseconds delay) const
+{
+    return static_cast<std::size_t>(std::ranges::count(
+        m_held, delay, &std::pair<std::chrono::milliseconds, std::function<void()>>::first));
+}
+
+void HeldLoop::Fire(std::chrono::milliseconds delay)
+{
+    for (auto& [held, work] : std::exchange(m_held, {}))
+    {
+        if (held == delay)
+        {
+            work();
+        }
+        else
+        {
+            m_held.emplace_back(held, std::move(work));
+        }
+    }
 }
 
 WindowUnderTest::WindowUnderTest()
@@ -53,6 +97,12 @@ WindowUnderTest::~WindowUnderTest()
     }
     // Destroyed windows go when the loop is idle.
     loop.Yield();
+}
+
+void WindowUnderTest::OpenAndFetch()
+{
+    window->Open("");
+    manager.FetchLists();
 }
 
 bool WindowUnderTest::IsClosed() const

@@ -13,13 +13,18 @@
 #include <wx/button.h>
 #include <wx/frame.h>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace velmo::test
 {
+
+/// Starts a fetch only when asked to.
+inline constexpr char kNoAutoConnect[] = "[Miscellaneous]\r\nAutoConnect=0 'False\r\n";
 
 /// A desktop with a common folder, and a vendor's server that the machine's policy points to.
 class WindowDesktop
@@ -27,13 +32,19 @@ class WindowDesktop
   public:
     WindowDesktop();
 
-    /// Serves a version list with this text, and an empty manufacturer list.
-    void ServeLists(std::string_view versionList);
+    /// Serves a version list with this text, and a manufacturer list.
+    void ServeLists(std::string_view versionList, std::string_view manufacturers = "");
+
+    /// Installs Loadcalc 8.02.15.
+    void InstallLoadcalc();
 
     [[nodiscard]] std::string SettingsPath() const { return m_common + "\\VelmoUpd.ini"; }
     /// A value of the settings file; "(none)" when it is not there.
     [[nodiscard]] std::string Setting(std::string_view section, std::string_view key) const;
     void WriteSettings(std::string_view text) const;
+
+    /// How often the version list was asked for.
+    [[nodiscard]] int Fetches() const;
 
     FaultServer server;
     TemporaryDesktop desktop;
@@ -41,6 +52,28 @@ class WindowDesktop
   private:
     std::string m_common;
 };
+
+/// A loop whose timers wait until the test lets them fire.
+class HeldLoop final : public WxMessageLoop
+{
+  public:
+    void After(std::chrono::milliseconds delay, std::function<void()> work) override;
+
+    /// Timers of that delay which wait.
+    [[nodiscard]] std::size_t Waiting(std::chrono::milliseconds delay) const;
+
+    /// Lets those that wait now fire.
+    void Fire(std::chrono::milliseconds delay);
+
+    bool holds = true; ///< False: they fire by themselves.
+
+  private:
+    std::vector<std::pair<std::chrono::milliseconds, std::function<void()>>> m_held;
+};
+
+/// After opening, and before the page of a newly selected program is loaded.
+inline constexpr std::chrono::milliseconds kOpeningTimer(1000);
+inline constexpr std::chrono::milliseconds kPageTimer(300);
 
 /// The real main window over the real manager, loaded but not opened.
 class WindowUnderTest
@@ -50,6 +83,9 @@ class WindowUnderTest
     /// With a shell that opens addresses itself.
     explicit WindowUnderTest(AddressOpener::Shell shell);
     ~WindowUnderTest();
+
+    /// Opens the window and fetches the lists.
+    void OpenAndFetch();
 
     /// As the function of that name.
     void WaitFor(const char* what, const std::function<bool()>& done)
@@ -69,7 +105,7 @@ class WindowUnderTest
 
     [[nodiscard]] bool IsClosed() const;
 
-    WxMessageLoop loop;
+    HeldLoop loop;
     RecordedPrompts prompts;
     WxMousePointer pointer;
     std::vector<std::string> opened; ///< Addresses that went to the user's browser.

@@ -6,6 +6,7 @@
 #include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
 #include "updates/AddressOpener.h"
+#include "updates/ProgramRow.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -34,9 +35,11 @@ class ProgramActionsTest : public testing::Test
     VendorServer m_server{"http://vendor.example", "http://192.0.2.17"};
     test::RecordedPrompts m_prompts;
     std::vector<std::string> m_opened;
+    std::vector<std::size_t> m_told; ///< Notices that had been shown at each opening.
     Result<Done> m_outcome = Done{};
     AddressOpener m_opener{m_log, [this](const std::string& address) {
                                m_opened.push_back(address);
+                               m_told.push_back(m_prompts.notices.size());
                                return m_outcome;
                            }};
     ProgramActions m_actions{m_server, m_prompts, m_opener};
@@ -44,10 +47,10 @@ class ProgramActionsTest : public testing::Test
 
 TEST_F(ProgramActionsTest, ADownloadTakesTheListedAddressElseTheCataloguesOwn)
 {
-    m_actions.Download(kLoadcalc, "  ftp://mirror.example/lc.exe ");
-    m_actions.Download(kLoadcalc, "");
-    m_actions.Download(kLoadcalc, "   ");
-    m_actions.Download(1, "");
+    m_actions.Download({.index = kLoadcalc, .demoAddress = "  ftp://mirror.example/lc.exe "});
+    m_actions.Download({.index = kLoadcalc});
+    m_actions.Download({.index = kLoadcalc, .demoAddress = "   "});
+    m_actions.Download({.index = 1});
     EXPECT_THAT(m_opened, ElementsAre("ftp://mirror.example/lc.exe",
                                       "http://vendor.example/pub/demo/lc8setup.exe",
                                       "http://vendor.example/pub/demo/lc8setup.exe",
@@ -56,9 +59,11 @@ TEST_F(ProgramActionsTest, ADownloadTakesTheListedAddressElseTheCataloguesOwn)
 
 TEST_F(ProgramActionsTest, TheReminderComesBeforeEveryDownload)
 {
-    m_actions.Download(kLoadcalc, "");
-    m_actions.Download(-1, ""); // No address at all.
+    m_actions.Download({.index = kLoadcalc});
+    m_actions.Download({.index = -1}); // No address at all.
     ASSERT_EQ(m_prompts.notices.size(), 2U);
+    EXPECT_THAT(m_told, ElementsAre(1U));
+    EXPECT_EQ(m_prompts.notices[1].icon, PromptIcon::Information);
     EXPECT_EQ(m_prompts.notices[1].title, "Reminder to Close Open Programs");
     EXPECT_EQ(m_prompts.notices[1].text,
               "Once the download is finished, be sure to close this program (Update Manager) as "
@@ -83,7 +88,7 @@ TEST_F(ProgramActionsTest, WhatIsNoAddressOfTheWebIsNeverOpenedButLogged)
     for (const char* listed : {"C:\\Windows\\system32\\calc.exe", "calc.exe /s",
                                "file:///C:/setup.exe", "\\\\server\\share\\x.exe", "-x"})
     {
-        m_actions.Download(kLoadcalc, listed);
+        m_actions.Download({.index = kLoadcalc, .demoAddress = listed});
         EXPECT_THAT(Log(), HasSubstr(listed));
     }
     EXPECT_TRUE(m_opened.empty());

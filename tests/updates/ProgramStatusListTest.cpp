@@ -37,6 +37,25 @@ class ProgramStatusListTest : public testing::Test
         m_programs.Rebuild(present);
     }
 
+    /// The cells that the list view shows of the program.
+    std::vector<std::string> Shown(std::string_view program)
+    {
+        std::vector<std::string> cells;
+        m_programs.List().Select(program);
+        for (std::size_t column = 1; column <= 5; ++column)
+        {
+            cells.push_back(
+                m_programs.List().Text(m_programs.List().SelectedPosition().value(), column));
+        }
+        return cells;
+    }
+
+    bool IsBold(std::string_view program)
+    {
+        m_programs.List().Select(program);
+        return m_programs.List().Bold(m_programs.List().SelectedPosition().value());
+    }
+
     const test::TemporaryDesktop m_desktop;
     DiagnosticLog m_log{""};
     test::RecordedPrompts m_prompts;
@@ -79,12 +98,10 @@ TEST_F(ProgramStatusListTest, TheStatusFollowsFromInstalledAndLatestVersion)
         }
         SCOPED_TRACE(row.installed + list);
         Show(row.installed, list);
-        const ListRow* shown = m_programs.List().Find(row.program);
-        ASSERT_NE(shown, nullptr);
-        EXPECT_THAT(shown->cells,
+        EXPECT_THAT(Shown(row.program),
                     ElementsAre(row.program, "-", row.cells[0], row.cells[1], row.cells[2]));
         const bool needsUpdate = std::string_view(row.cells[2]) == "Yes";
-        EXPECT_EQ(shown->bold, needsUpdate);
+        EXPECT_EQ(IsBold(row.program), needsUpdate);
         EXPECT_EQ(m_programs.CountThatNeedUpdate(), needsUpdate ? 1 : 0);
     }
 }
@@ -93,15 +110,14 @@ TEST_F(ProgramStatusListTest, WithoutAVersionListNothingIsKnownOfLatestVersions)
 {
     // A list that is not said to be there is not read.
     Show("8.02.0014", "[Loadcalc 8]\r\nMajor=8\r\nMinor=3\r\n", false);
-    for (const ListRow& row : m_programs.List().Rows())
+    for (const ProgramRow& row : m_programs.Rows())
     {
-        SCOPED_TRACE(row.key);
-        const bool isInstalled = row.key == "Loadcalc 8";
-        EXPECT_EQ(row.cells[2] == "8.02.14", isInstalled);
-        EXPECT_EQ(row.cells[3], "?");
-        EXPECT_EQ(row.cells[4], "?");
-        EXPECT_FALSE(row.bold);
+        SCOPED_TRACE(row.Name());
+        EXPECT_EQ(row.IsInstalled(), row.Name() == "Loadcalc 8");
+        EXPECT_EQ(row.latest, ProgramVersion());
+        EXPECT_EQ(row.Status(), UpdateStatus::Unknown);
     }
+    EXPECT_THAT(Shown("Loadcalc 8"), ElementsAre("Loadcalc 8", "-", "8.02.14", "?", "?"));
 }
 
 TEST_F(ProgramStatusListTest, AListThatIsNoneKnowsNoVersion)
@@ -114,9 +130,8 @@ TEST_F(ProgramStatusListTest, AListThatIsNoneKnowsNoVersion)
     for (const std::string& text : {"<html><body>Major=9 [Loadcalc 8]</body></html>"s, rubbish})
     {
         Show("8.02.0014", text);
-        EXPECT_EQ(m_programs.List().Rows().size(), 33U);
-        EXPECT_THAT(m_programs.List().Find("Loadcalc 8")->cells,
-                    ElementsAre("Loadcalc 8", "-", "8.02.14", "?", "?"));
+        EXPECT_EQ(m_programs.Rows().size(), 33U);
+        EXPECT_THAT(Shown("Loadcalc 8"), ElementsAre("Loadcalc 8", "-", "8.02.14", "?", "?"));
         EXPECT_EQ(m_programs.CountThatNeedUpdate(), 0);
     }
 }
@@ -124,12 +139,12 @@ TEST_F(ProgramStatusListTest, AListThatIsNoneKnowsNoVersion)
 TEST_F(ProgramStatusListTest, RowsAreTheCatalogueInItsOrderButForOne)
 {
     m_programs.Rebuild(false);
-    const auto& rows = m_programs.List().Rows();
+    const auto rows = m_programs.Rows();
     ASSERT_EQ(rows.size(), 33U);
-    EXPECT_EQ(rows[14].key, "Panelplan 6");
-    EXPECT_EQ(rows[15].key, "Parkvent 2");
-    EXPECT_EQ(rows[32].key, "Wastepipe 3");
-    EXPECT_EQ(m_programs.List().Find("Panelplan 5"), nullptr);
+    EXPECT_EQ(rows[14].Name(), "Panelplan 6");
+    EXPECT_EQ(rows[15].Name(), "Parkvent 2");
+    EXPECT_EQ(rows[32].Name(), "Wastepipe 3");
+    EXPECT_EQ(m_programs.Find("Panelplan 5"), nullptr);
 }
 
 TEST_F(ProgramStatusListTest, ARebuildKeepsTheSelectionInView)
@@ -139,7 +154,7 @@ TEST_F(ProgramStatusListTest, ARebuildKeepsTheSelectionInView)
         void OnRowsChanged() override {}
         void OnColumnsChanged() override {}
         void OnSelectionChanged() override {}
-        void OnScrollToRow(std::size_t row) override { rows.push_back(row); }
+        void OnScrollTo(std::size_t row) override { rows.push_back(row); }
         std::vector<std::size_t> rows;
     } observer;
     m_programs.Rebuild(false);
@@ -147,9 +162,9 @@ TEST_F(ProgramStatusListTest, ARebuildKeepsTheSelectionInView)
     m_programs.Rebuild(false);
     EXPECT_TRUE(observer.rows.empty());
     m_programs.List().Select("Airflow 3");
-    m_programs.List().Sort(ProgramStatusList::Program, SortOrder::Descending);
+    m_programs.List().Sort(1, SortOrder::Descending);
     m_programs.Rebuild(true);
-    EXPECT_EQ(m_programs.List().SelectedRow()->key, "Airflow 3");
+    EXPECT_EQ(m_programs.Selected()->Name(), "Airflow 3");
     EXPECT_THAT(observer.rows, ElementsAre(32U));
 }
 
@@ -159,11 +174,11 @@ TEST_F(ProgramStatusListTest, TheStartupColumnIsReadAgainOnRequest)
                                     "CanAskAboutUpdating=1 'True\r\n"
                                     "[Wiring 2]\r\nCheckForUpdateOnStartupOption=1\r\n");
     m_programs.Rebuild(false);
-    EXPECT_EQ(m_programs.List().Find("Loadcalc 8")->cells[1], "Ask");
-    EXPECT_EQ(m_programs.List().Find("Wiring 2")->cells[1], "-");
+    EXPECT_EQ(Shown("Loadcalc 8")[1], "Ask");
+    EXPECT_EQ(Shown("Wiring 2")[1], "-");
     WriteStartupOptions(m_settings, "Loadcalc 8", false, startup_option::kDoNotCheck);
     m_programs.RefreshStartupOption("Loadcalc 8");
-    EXPECT_EQ(m_programs.List().Find("Loadcalc 8")->cells[1], "No");
+    EXPECT_EQ(Shown("Loadcalc 8")[1], "No");
 }
 
 TEST_F(ProgramStatusListTest, TheButtonsNameTheSelectedProgram)

@@ -7,7 +7,6 @@
 #include "settings/DiagnosticLog.h"
 #include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
-#include "updates/StatusNotice.h"
 #include "updates/VersionList.h"
 
 #include <gtest/gtest.h>
@@ -58,7 +57,8 @@ TEST(StartupFindingsTest, EquipmentUpdatesAreAskedAboutAndTheProgramsAloneIsTold
 {
     using enum StartupOutcome;
     const auto outcome = [](bool program, EquipmentCounts equipment) {
-        const StartupFindings findings{program, "8.02.14", "8.02.15", equipment};
+        const StartupFindings findings{program ? std::optional(ProgramRow{}) : std::nullopt,
+                                       equipment};
         EXPECT_EQ(StartupQuestion(findings, "Loadcalc 8").empty(), findings.Outcome() != Question);
         return findings.Outcome();
     };
@@ -70,15 +70,10 @@ TEST(StartupFindingsTest, EquipmentUpdatesAreAskedAboutAndTheProgramsAloneIsTold
         EXPECT_EQ(outcome(program, {0, 1}), Question);
         EXPECT_EQ(outcome(program, {2, 3}), Question);
     }
-}
-
-TEST(StatusNoticeTest, AnythingButYesAndNoIsUnknown)
-{
-    for (const char* status : {"?", "No (Try Demo)", "yes"})
-    {
-        const ListRow row{"Loadcalc 8", {"Loadcalc 8", "-", "8.02.14", "8.02.15", status}};
-        EXPECT_EQ(StatusNoticeOf(row).title, "Update Status Unknown") << status;
-    }
+    EXPECT_EQ(StartupQuestion({std::nullopt, {17, 3}}, "Loadcalc 8"),
+              "Updates are available for 17 of the HVAC equipment databases that you have "
+              "installed, and 3 of the HVAC equipment picture groups that you have installed.  "
+              "Would you like to see the list of available updates?");
 }
 
 class StartupCheckTest : public testing::Test
@@ -122,19 +117,22 @@ class StartupCheckTest : public testing::Test
     int m_counts = 0;
 };
 
-constexpr char kNewer[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=3\r\nRevision=-1\r\n";
+constexpr char kNewer[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=3\r\nRevision=-1\r\n"
+                          "Demo URL=http://setups.example/lc.exe\r\n";
 constexpr char kSame[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=15\r\n";
 
 TEST_F(StartupCheckTest, AnUpdateOfTheCallerIsFoundWithBothVersions)
 {
     Install("Loadcalc8.exe", {8, 2, 15});
     const StartupFindings findings = Check(kNewer);
-    EXPECT_TRUE(findings.programNeedsUpdate);
-    EXPECT_EQ(findings.installedVersion, "8.02.15");
-    EXPECT_EQ(findings.latestVersion, "8.03");
+    ASSERT_TRUE(findings.update);
+    EXPECT_EQ(findings.update->Name(), "Loadcalc 8");
+    EXPECT_EQ(findings.update->installed, (ProgramVersion{8, 2, 15}));
+    EXPECT_EQ(findings.update->latest, (ProgramVersion{8, 3, -1}));
+    EXPECT_EQ(findings.update->demoAddress, "http://setups.example/lc.exe");
     EXPECT_EQ(m_counts, 0) << "Loadcalc 8 does not ask for equipment of itself";
-    EXPECT_FALSE(Check(kSame).programNeedsUpdate);
-    EXPECT_FALSE(Check("[Other]\r\nMajor=1\r\n").programNeedsUpdate) << "not in the list";
+    EXPECT_FALSE(Check(kSame).update);
+    EXPECT_FALSE(Check("[Other]\r\nMajor=1\r\n").update) << "not in the list";
 }
 
 TEST_F(StartupCheckTest, TheOptionsDecideWhatIsLookedAt)
@@ -166,7 +164,7 @@ TEST_F(StartupCheckTest, TheOptionsDecideWhatIsLookedAt)
         m_fetches = 0;
         const StartupFindings findings = Check(kNewer, {7, 2});
         EXPECT_EQ(m_fetches, row.fetches);
-        EXPECT_EQ(findings.programNeedsUpdate, row.program);
+        EXPECT_EQ(findings.update.has_value(), row.program);
         EXPECT_EQ(findings.equipment.databases, row.databases);
         if (row.installed)
         {
@@ -200,14 +198,13 @@ TEST_F(StartupCheckTest, TheUpdateManagersOwnUpdateIsOfferedWhenItIsOlder)
     EXPECT_FALSE(m_check.CheckSelf({})) << "no list";
     m_desktop.Write("version.ini", kOwn);
     EXPECT_FALSE(m_check.CheckSelf(kRunning)) << "runs from elsewhere";
-    EXPECT_EQ(m_check.CheckSelf({}).value().installedVersion, "0.00.0");
+    EXPECT_TRUE(m_check.CheckSelf({})) << "a build without a version";
     Install("VelmoUpd.exe", {1, 4, 12});
     const auto notice = m_check.CheckSelf(kRunning);
     ASSERT_TRUE(notice);
-    EXPECT_EQ(notice->index, 31);
-    EXPECT_EQ(notice->program, "Update Manager 1");
-    EXPECT_EQ(notice->installedVersion, "1.04.12");
-    EXPECT_EQ(notice->latestVersion, "1.05.0");
+    EXPECT_EQ(notice->Name(), "Update Manager 1");
+    EXPECT_EQ(notice->installed, (ProgramVersion{1, 4, 12}));
+    EXPECT_EQ(notice->latest, (ProgramVersion{1, 5, 0}));
     Install("VelmoUpd.exe", {1, 5, 0});
     EXPECT_FALSE(m_check.CheckSelf({}));
 }

@@ -1,6 +1,6 @@
 #include "platform/AnsiText.h"
 
-#include "platform/Utf8.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -52,9 +52,9 @@ std::string ToAnsi(std::string_view text)
 {
     std::string bytes;
     bytes.reserve(text.size());
-    while (!text.empty())
+    for (const char32_t c : CodePoints(text))
     {
-        bytes += AnsiByte(TakeCodePoint(text));
+        bytes += AnsiByte(c);
     }
     return bytes;
 }

@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <utility>
+
 namespace velmo::platform
 {
 
@@ -9,12 +11,16 @@ namespace velmo::platform
 class Descriptor
 {
   public:
-    explicit Descriptor(int number) : m_number(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
+    explicit Descriptor(int number = -1) : m_number(number) {}
+    Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
     ~Descriptor()
     {
-        if (m_number >= 0)
+        if (IsOpen())
         {
             close(m_number);
         }

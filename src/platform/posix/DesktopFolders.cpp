@@ -58,8 +58,7 @@ std::string ProgramFolder()
 
 std::string ProgramPath()
 {
-    std::error_code error;
-    return fs::read_symlink("/proc/self/exe", error).string();
+    return "/proc/self/exe";
 }
 
 } // namespace velmo::platform

@@ -1,13 +1,11 @@
 #include "platform/posix/DesktopPath.h"
 
+#include "text/TextCase.h"
+
 #include <sys/stat.h>
 
-#include <cctype>
-#include <chrono>
 #include <cstdlib>
-#include <mutex>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace velmo::platform
@@ -17,78 +15,20 @@ namespace
 
 namespace fs = std::filesystem;
 
-std::string Lower(std::string_view text)
+/// The folder's own spelling of a name; empty when it has none of that name in any case.
+std::string SpellingIn(const fs::path& folder, std::string_view name)
 {
-    std::string lower(text);
-    for (char& c : lower)
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error))
     {
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        if (std::string spelling = entry->path().filename(); EqualInAnyCase(spelling, name))
+        {
+            return spelling;
+        }
     }
-    return lower;
+    return {};
 }
-
-/// One folder's names by their lower-case form, good as long as the folder's change time stays.
-struct Listing
-{
-    timespec changed{};
-    std::unordered_map<std::string, std::string> names;
-};
-
-class Listings
-{
-  public:
-    /// The folder's own spelling of a name; empty when it has none of that name in any case.
-    std::string Find(const std::string& folder, std::string_view name)
-    {
-        struct stat status
-        {};
-        if (stat(folder.c_str(), &status) != 0)
-        {
-            return {};
-        }
-        const std::lock_guard lock(m_mutex);
-        Listing& listing = m_byFolder[folder];
-        if (listing.changed.tv_sec != status.st_mtim.tv_sec ||
-            listing.changed.tv_nsec != status.st_mtim.tv_nsec)
-        {
-            listing = Read(folder, status.st_mtim);
-        }
-        const auto found = listing.names.find(Lower(name));
-        return found == listing.names.end() ? std::string() : found->second;
-    }
-
-  private:
-    /// False within the tick of the file system's clock that changed the folder: it may change again
-    /// unseen. That clock ticks every 10 ms at most, or every two seconds where it has no fractions.
-    static bool IsPast(timespec changed)
-    {
-        timespec now{};
-        clock_gettime(CLOCK_REALTIME_COARSE, &now);
-        const auto since = std::chrono::seconds(now.tv_sec - changed.tv_sec) +
-                           std::chrono::nanoseconds(now.tv_nsec - changed.tv_nsec);
-        return since > (changed.tv_nsec == 0 ? std::chrono::milliseconds(2000)
-                                             : std::chrono::milliseconds(20));
-    }
-
-    static Listing Read(const std::string& folder, timespec changed)
-    {
-        Listing listing;
-        if (IsPast(changed))
-        {
-            listing.changed = changed;
-        }
-        std::error_code error;
-        for (const auto& entry : fs::directory_iterator(folder, error))
-        {
-            const std::string name = entry.path().filename().string();
-            listing.names.emplace(Lower(name), name);
-        }
-        return listing;
-    }
-
-    std::mutex m_mutex;
-    std::unordered_map<std::string, Listing> m_byFolder;
-};
 
 bool Exists(const fs::path& path)
 {
@@ -109,14 +49,13 @@ fs::path AsSpelt(fs::path path, const std::vector<std::string_view>& parts)
 
 void AppendPart(fs::path& path, std::string_view part)
 {
-    static Listings listings;
     const fs::path exact = path / part;
     if (Exists(exact))
     {
         path = exact;
         return;
     }
-    const std::string spelling = listings.Find(path.string(), part);
+    const std::string spelling = SpellingIn(path, part);
     path = spelling.empty() ? exact : path / spelling;
 }
 
@@ -149,7 +88,9 @@ fs::path DesktopRoot()
 {
     if (const char* home = std::getenv("VELMO_HOME"); home != nullptr && *home != '\0')
     {
-        return home;
+        // A path that does not begin with "/" would be taken for one of Windows.
+        std::error_code error;
+        return fs::absolute(home, error);
     }
     if (const char* data = std::getenv("XDG_DATA_HOME"); data != nullptr && *data != '\0')
     {
@@ -168,7 +109,7 @@ fs::path NativePath(std::string_view windowsPath)
     char drive = 'c';
     if (windowsPath.size() >= 2 && windowsPath[1] == ':')
     {
-        drive = static_cast<char>(std::tolower(static_cast<unsigned char>(windowsPath[0])));
+        drive = LowerCase(windowsPath[0]);
         windowsPath.remove_prefix(2);
     }
     fs::path path = DesktopRoot() / (std::string("drive_") + drive);

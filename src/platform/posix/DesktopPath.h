@@ -11,8 +11,8 @@ namespace velmo::platform
 [[nodiscard]] std::filesystem::path DesktopRoot();
 
 /**
-    The native path of a Windows path. Each part that exists in another case is found (folder
-    listings are remembered until the folder changes); a part that does not exist keeps its spelling.
+    The native path of a Windows path. Each part that exists in another case is found by a look at its
+    folder's names; a part that does not exist keeps its spelling.
     ".." never leads out of the drive. A path that starts with "/" is native already.
  */
 [[nodiscard]] std::filesystem::path NativePath(std::string_view windowsPath);

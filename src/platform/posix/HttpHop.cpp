@@ -1,5 +1,7 @@
 #include "platform/HttpHop.h"
 
+#include "platform/ErrorCode.h"
+
 #include <curl/curl.h>
 
 #include <algorithm>
@@ -14,12 +16,6 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::int32_t kTimedOut = 12002;
-constexpr std::int32_t kInternal = 12004;
-constexpr std::int32_t kStopped = 12017;
-constexpr std::int32_t kEndedTooEarly = 12030;
-constexpr std::int32_t kReset = 12031;
-constexpr std::int32_t kNoHttp = 12152;
 constexpr long kReadSize = 256L * 1024;
 
 struct Pair
@@ -30,32 +26,32 @@ struct Pair
 
 constexpr std::array kPairs{
     Pair{CURLE_OK, 0},
-    Pair{CURLE_UNSUPPORTED_PROTOCOL, kNoHttp}, // An answer without a status line.
-    Pair{CURLE_URL_MALFORMAT, 12005},
-    Pair{CURLE_COULDNT_RESOLVE_PROXY, 12007},
-    Pair{CURLE_COULDNT_RESOLVE_HOST, 12007},
-    Pair{CURLE_COULDNT_CONNECT, 12029},
-    Pair{CURLE_WEIRD_SERVER_REPLY, kNoHttp},
-    Pair{CURLE_PARTIAL_FILE, kEndedTooEarly},
-    Pair{CURLE_OUT_OF_MEMORY, 8},
-    Pair{CURLE_OPERATION_TIMEDOUT, kTimedOut},
-    Pair{CURLE_SSL_CONNECT_ERROR, 12157},
-    Pair{CURLE_GOT_NOTHING, kNoHttp},
-    Pair{CURLE_SEND_ERROR, kReset},
-    Pair{CURLE_RECV_ERROR, kReset},
-    Pair{CURLE_SSL_CERTPROBLEM, 12157},
-    Pair{CURLE_SSL_CIPHER, 12157},
-    Pair{CURLE_PEER_FAILED_VERIFICATION, 12045},
-    Pair{CURLE_SSL_CACERT_BADFILE, 12045},
-    Pair{CURLE_SSL_ISSUER_ERROR, 12045},
-    Pair{CURLE_SSL_INVALIDCERTSTATUS, 12045},
+    Pair{CURLE_UNSUPPORTED_PROTOCOL, error_code::kNoHttp}, // An answer without a status line.
+    Pair{CURLE_URL_MALFORMAT, error_code::kInvalidAddress},
+    Pair{CURLE_COULDNT_RESOLVE_PROXY, error_code::kUnknownHost},
+    Pair{CURLE_COULDNT_RESOLVE_HOST, error_code::kUnknownHost},
+    Pair{CURLE_COULDNT_CONNECT, error_code::kCannotConnect},
+    Pair{CURLE_WEIRD_SERVER_REPLY, error_code::kNoHttp},
+    Pair{CURLE_PARTIAL_FILE, error_code::kEndedTooEarly},
+    Pair{CURLE_OUT_OF_MEMORY, error_code::kOutOfMemory},
+    Pair{CURLE_OPERATION_TIMEDOUT, error_code::kTimedOut},
+    Pair{CURLE_SSL_CONNECT_ERROR, error_code::kNoSecureChannel},
+    Pair{CURLE_GOT_NOTHING, error_code::kNoHttp},
+    Pair{CURLE_SEND_ERROR, error_code::kReset},
+    Pair{CURLE_RECV_ERROR, error_code::kReset},
+    Pair{CURLE_SSL_CERTPROBLEM, error_code::kNoSecureChannel},
+    Pair{CURLE_SSL_CIPHER, error_code::kNoSecureChannel},
+    Pair{CURLE_PEER_FAILED_VERIFICATION, error_code::kUntrustedCertificate},
+    Pair{CURLE_SSL_CACERT_BADFILE, error_code::kUntrustedCertificate},
+    Pair{CURLE_SSL_ISSUER_ERROR, error_code::kUntrustedCertificate},
+    Pair{CURLE_SSL_INVALIDCERTSTATUS, error_code::kUntrustedCertificate},
 };
 
 std::int32_t InternetCode(CURLcode result)
 {
     const auto pair = std::find_if(kPairs.begin(), kPairs.end(),
                                    [result](const Pair& p) { return p.curl == result; });
-    return pair == kPairs.end() ? kInternal : pair->internet;
+    return pair == kPairs.end() ? error_code::kInternetBroken : pair->internet;
 }
 
 template <auto Free>
@@ -94,15 +90,15 @@ std::string Absolute(const std::string& base, const char* reference)
 class Exchange
 {
   public:
-    Exchange(const std::string& url, const HttpLimits& limits, HopSink& sink)
-        : m_url(url), m_limits(limits), m_sink(sink)
+    Exchange(const std::string& url, const HttpLimits& limits, HopEnd end, HopSink& sink)
+        : m_url(url), m_limits(limits), m_end(end), m_sink(sink)
     {}
 
     std::int32_t Run(const std::stop_token& stop)
     {
         if (!m_easy || !m_multi)
         {
-            return kInternal;
+            return error_code::kInternetBroken;
         }
         SetOptions();
         curl_multi_add_handle(m_multi.get(), m_easy.get());
@@ -150,11 +146,11 @@ class Exchange
             int running = 0;
             if (curl_multi_perform(m_multi.get(), &running) != CURLM_OK)
             {
-                return kInternal;
+                return error_code::kInternetBroken;
             }
             if (stop.stop_requested())
             {
-                return kStopped;
+                return error_code::kCancelled;
             }
             if (m_answered && !GiveHead())
             {
@@ -164,18 +160,16 @@ class Exchange
             {
                 return Outcome();
             }
-            auto wait = kLongestPoll;
-            if (m_connected) // Until then the library's own connect timeout counts.
+            // Until it is connected the library's own connect timeout counts.
+            const auto end =
+                m_connected ? std::min(m_end, m_lastSign + m_limits.stallTimeout) : m_end;
+            const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+            if (left.count() <= 0)
             {
-                const auto left = std::chrono::ceil<std::chrono::milliseconds>(
-                    m_lastSign + m_limits.stallTimeout - Clock::now());
-                if (left.count() <= 0)
-                {
-                    return kTimedOut;
-                }
-                wait = std::min(wait, left);
+                return error_code::kTimedOut;
             }
-            curl_multi_poll(m_multi.get(), nullptr, 0, static_cast<int>(wait.count()), nullptr);
+            curl_multi_poll(m_multi.get(), nullptr, 0,
+                            static_cast<int>(std::min(left, kLongestPoll).count()), nullptr);
         }
     }
 
@@ -186,8 +180,9 @@ class Exchange
         const CURLcode result = message == nullptr ? CURLE_FAILED_INIT : message->data.result;
         // Cut short within its head, an answer is none, though the library may let it pass.
         const std::int32_t code = InternetCode(result);
-        const bool ended = code == 0 || code == kEndedTooEarly || code == kReset;
-        return ended && !m_answered ? kNoHttp : code;
+        const bool ended =
+            code == 0 || code == error_code::kEndedTooEarly || code == error_code::kReset;
+        return ended && !m_answered ? error_code::kNoHttp : code;
     }
 
     /// Hands over the head unless that has been done. False when the sink wants no more.
@@ -214,12 +209,17 @@ class Exchange
         {
             head.length = static_cast<std::uint64_t>(length);
         }
-        curl_header* location = nullptr;
-        if (curl_easy_header(m_easy.get(), "Location", 0, CURLH_HEADER, -1, &location) == CURLHE_OK)
-        {
-            head.location = Absolute(m_url, location->value);
-        }
+        head.encoding = HeaderText("Content-Encoding");
+        const std::string location = HeaderText("Location");
+        head.location = location.empty() ? location : Absolute(m_url, location.c_str());
         return head;
+    }
+
+    std::string HeaderText(const char* name)
+    {
+        curl_header* header = nullptr;
+        const auto found = curl_easy_header(m_easy.get(), name, 0, CURLH_HEADER, -1, &header);
+        return found == CURLHE_OK ? header->value : "";
     }
 
     static int OnConnected(void* self, char*, char*, int, int)
@@ -266,6 +266,7 @@ class Exchange
 
     const std::string& m_url;
     const HttpLimits& m_limits;
+    const HopEnd m_end;
     HopSink& m_sink;
     HeaderList m_headers;
     Easy m_easy{curl_easy_init()};
@@ -281,11 +282,12 @@ class Exchange
 
 } // namespace
 
-std::int32_t HttpHop(const std::string& url, const HttpLimits& limits, HopSink& sink,
+std::int32_t HttpHop(const std::string& url, const HttpLimits& limits, HopEnd end, HopSink& sink,
                      const std::stop_token& stop)
 {
     static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
-    return ready == CURLE_OK ? Exchange(url, limits, sink).Run(stop) : kInternal;
+    return ready == CURLE_OK ? Exchange(url, limits, end, sink).Run(stop)
+                             : error_code::kInternetBroken;
 }
 
 } // namespace velmo::platform

@@ -1,9 +1,7 @@
 #include "platform/MFile.h"
 
-#include "platform/posix/Descriptor.h"
 #include "platform/posix/DesktopPath.h"
 #include "platform/posix/SystemError.h"
-#include "platform/posix/WholeFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -62,7 +60,11 @@ std::string WithoutDots(std::string_view path)
     {
         text += (text.empty() ? "" : "\\") + std::string(part);
     }
-    return isFolder && !text.empty() ? text + "\\" : text;
+    if (isFolder && !text.empty())
+    {
+        return text + "\\";
+    }
+    return text.substr(0, text.find_last_not_of(" .") + 1);
 }
 
 } // namespace
@@ -137,25 +139,6 @@ std::string FromCommandLine(std::string_view argument)
     std::error_code error;
     return argument.empty() || HasDrive(argument) ? std::string(argument)
                                                   : fs::absolute(argument, error).string();
-}
-
-Result<Done> WriteAll(std::string_view path, std::string_view bytes, Keeping keeping)
-{
-    return ReplaceFile(NativePath(path), bytes, keeping);
-}
-
-Result<Done> Append(std::string_view path, std::string_view bytes)
-{
-    constexpr mode_t kNewFile = 0666;
-    const fs::path native = NativePath(path);
-    const Descriptor file(
-        open(native.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, kNewFile));
-    if (!file.IsOpen())
-    {
-        return SystemError(errno, native);
-    }
-    const int failure = WriteBytes(file.Number(), bytes);
-    return failure == 0 ? Result<Done>(Done{}) : SystemError(failure, native);
 }
 
 Result<Done> DeleteIfExists(std::string_view path)

@@ -1,5 +1,6 @@
 #include "platform/Processes.h"
 
+#include "platform/ErrorCode.h"
 #include "platform/posix/DesktopPath.h"
 #include "platform/posix/SystemError.h"
 
@@ -30,8 +31,6 @@ struct StartedProgram::State
 
 namespace
 {
-
-constexpr std::int32_t kInvalidParameter = 87;
 
 /// Started programs are nobody's children to wait for, but a process that ended wants to be collected.
 std::shared_ptr<StartedProgram::State> CollectWhenEnded(pid_t process)
@@ -103,7 +102,8 @@ Result<Done> OpenThroughShell(const std::string& address)
     std::string program = "xdg-open";
     if (address.empty() || address.starts_with('-'))
     {
-        return Error{kInvalidParameter, "This would be an option of " + program + ": " + address};
+        return Error{error_code::kInvalidParameter,
+                     "This would be an option of " + program + ": " + address};
     }
     std::string argument = address;
     const std::array<char*, 3> argv{program.data(), argument.data(), nullptr};

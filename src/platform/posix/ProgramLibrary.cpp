@@ -1,5 +1,7 @@
 #include "platform/ProgramLibrary.h"
 
+#include "platform/ErrorCode.h"
+
 #include <dlfcn.h>
 
 #include <cstdio>
@@ -7,14 +9,6 @@
 
 namespace velmo::platform
 {
-namespace
-{
-
-constexpr std::int32_t kModuleNotFound = 126;
-constexpr std::int32_t kProcedureNotFound = 127;
-
-} // namespace
-
 Result<LibraryFunction> LoadFromProgramFolder(const std::string& name, const std::string& function)
 {
     std::error_code ignored;
@@ -24,12 +18,12 @@ Result<LibraryFunction> LoadFromProgramFolder(const std::string& name, const std
     void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr)
     {
-        return Error{kModuleNotFound, dlerror()};
+        return Error{error_code::kModuleNotFound, dlerror()};
     }
     void* address = dlsym(library, function.c_str());
     if (address == nullptr)
     {
-        return Error{kProcedureNotFound, dlerror()};
+        return Error{error_code::kProcedureNotFound, dlerror()};
     }
     return LibraryFunction{address, library};
 }

@@ -1,5 +1,6 @@
 #include "platform/RunningInstance.h"
 
+#include "platform/posix/Descriptor.h"
 #include "platform/posix/DesktopPath.h"
 
 #include <fcntl.h>
@@ -49,30 +50,6 @@ Address AddressOf(std::string_view instanceName)
     return address;
 }
 
-/// A file descriptor that closes itself.
-class Descriptor
-{
-  public:
-    explicit Descriptor(int value = -1) : m_value(value) {}
-    ~Descriptor()
-    {
-        if (m_value >= 0)
-        {
-            close(m_value);
-        }
-    }
-    Descriptor(Descriptor&& other) noexcept : m_value(std::exchange(other.m_value, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept
-    {
-        std::swap(m_value, other.m_value);
-        return *this;
-    }
-    [[nodiscard]] int Get() const { return m_value; }
-
-  private:
-    int m_value;
-};
-
 bool WaitReadable(int descriptor, int timeoutMs)
 {
     pollfd waiting{descriptor, POLLIN, 0};
@@ -108,7 +85,7 @@ RunningInstance::RunningInstance(std::string_view name) : m_state(std::make_uniq
     m_state->lock = Descriptor(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     // The lock goes with the process, however that ends; the file stays.
     m_state->hasPrevious =
-        m_state->lock.Get() >= 0 && flock(m_state->lock.Get(), LOCK_EX | LOCK_NB) != 0;
+        m_state->lock.Number() >= 0 && flock(m_state->lock.Number(), LOCK_EX | LOCK_NB) != 0;
 }
 
 RunningInstance::~RunningInstance() = default;
@@ -124,11 +101,11 @@ bool RunningInstance::BringPreviousForward(std::string_view /*caption*/,
     const Descriptor client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const Address address = AddressOf(m_state->name);
     char answer = kNo;
-    return client.Get() >= 0 &&
-           connect(client.Get(), reinterpret_cast<const sockaddr*>(&address.name),
+    return client.Number() >= 0 &&
+           connect(client.Number(), reinterpret_cast<const sockaddr*>(&address.name),
                    address.length) == 0 &&
-           WaitReadable(client.Get(), kAnswerTimeoutMs) && read(client.Get(), &answer, 1) == 1 &&
-           answer == kYes;
+           WaitReadable(client.Number(), kAnswerTimeoutMs) &&
+           read(client.Number(), &answer, 1) == 1 && answer == kYes;
 }
 
 InstanceListener::InstanceListener(std::string_view name, MessageLoop& loop,
@@ -138,10 +115,10 @@ InstanceListener::InstanceListener(std::string_view name, MessageLoop& loop,
     std::array<int, 2> ends{};
     const Address address = AddressOf(name);
     m_state->listener = Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    if (m_state->listener.Get() < 0 ||
-        bind(m_state->listener.Get(), reinterpret_cast<const sockaddr*>(&address.name),
+    if (m_state->listener.Number() < 0 ||
+        bind(m_state->listener.Number(), reinterpret_cast<const sockaddr*>(&address.name),
              address.length) != 0 ||
-        listen(m_state->listener.Get(), 8) != 0 || pipe2(ends.data(), O_CLOEXEC) != 0)
+        listen(m_state->listener.Number(), 8) != 0 || pipe2(ends.data(), O_CLOEXEC) != 0)
     {
         return;
     }
@@ -159,8 +136,8 @@ void InstanceListener::State::Serve(MessageLoop& loop,
 {
     while (true)
     {
-        std::array<pollfd, 2> waiting{pollfd{listener.Get(), POLLIN, 0},
-                                      pollfd{wakeUp[0].Get(), POLLIN, 0}};
+        std::array<pollfd, 2> waiting{pollfd{listener.Number(), POLLIN, 0},
+                                      pollfd{wakeUp[0].Number(), POLLIN, 0}};
         const int ready = poll(waiting.data(), waiting.size(), -1);
         if (ready < 0 && errno == EINTR)
         {
@@ -173,14 +150,14 @@ void InstanceListener::State::Serve(MessageLoop& loop,
         // The loop answers when it gets to it; should it end before, the client hears that there is
         // no window.
         const auto client = std::make_shared<const Descriptor>(
-            accept4(listener.Get(), nullptr, nullptr, SOCK_CLOEXEC));
-        if (client->Get() < 0)
+            accept4(listener.Number(), nullptr, nullptr, SOCK_CLOEXEC));
+        if (client->Number() < 0)
         {
             return; // This process has no more descriptors: later instances find nobody.
         }
         loop.Post([client, comeForward] {
             const char reply = comeForward() ? kYes : kNo;
-            (void)!send(client->Get(), &reply, 1, MSG_NOSIGNAL);
+            (void)!send(client->Number(), &reply, 1, MSG_NOSIGNAL);
         });
     }
 }

@@ -1,5 +1,7 @@
 #include "platform/posix/SystemError.h"
 
+#include "platform/ErrorCode.h"
+
 #include <array>
 #include <cerrno>
 #include <system_error>
@@ -16,27 +18,37 @@ struct Pair
 };
 
 constexpr std::array kPairs{
-    Pair{EACCES, 5},   Pair{EPERM, 5},    Pair{EROFS, 19},      Pair{EISDIR, 5},
-    Pair{ENOTDIR, 3},  Pair{EEXIST, 183}, Pair{ENOTEMPTY, 145}, Pair{ENOSPC, 112},
-    Pair{EDQUOT, 112}, Pair{EFBIG, 223},  Pair{EMFILE, 4},      Pair{ENFILE, 4},
-    Pair{ENOMEM, 8},   Pair{EBUSY, 32},   Pair{ETXTBSY, 32},    Pair{ENAMETOOLONG, 206},
-    Pair{EIO, 1117},   Pair{EINVAL, 87},
+    Pair{EACCES, error_code::kRefused},
+    Pair{EPERM, error_code::kRefused},
+    Pair{EROFS, error_code::kWriteProtected},
+    Pair{EISDIR, error_code::kRefused},
+    Pair{ENOTDIR, error_code::kFolderMissing},
+    Pair{EEXIST, error_code::kAlreadyExists},
+    Pair{ENOTEMPTY, error_code::kFolderNotEmpty},
+    Pair{ENOSPC, error_code::kDiskFull},
+    Pair{EDQUOT, error_code::kDiskFull},
+    Pair{EFBIG, error_code::kTooLarge},
+    Pair{EMFILE, error_code::kTooManyOpenFiles},
+    Pair{ENFILE, error_code::kTooManyOpenFiles},
+    Pair{ENOMEM, error_code::kOutOfMemory},
+    Pair{EBUSY, error_code::kInUse},
+    Pair{ETXTBSY, error_code::kInUse},
+    Pair{ENAMETOOLONG, error_code::kNameTooLong},
+    Pair{EIO, error_code::kDeviceFault},
+    Pair{EINVAL, error_code::kInvalidParameter},
 };
-
-constexpr std::int32_t kFileMissing = 2;
-constexpr std::int32_t kFolderMissing = 3;
-constexpr std::int32_t kGeneralFailure = 31;
 
 } // namespace
 
 Error SystemError(int number, const std::filesystem::path& path)
 {
-    std::int32_t code = kGeneralFailure;
+    std::int32_t code = error_code::kGeneralFailure;
     if (number == ENOENT)
     {
         std::error_code ignored;
-        code = std::filesystem::is_directory(path.parent_path(), ignored) ? kFileMissing
-                                                                          : kFolderMissing;
+        code = std::filesystem::is_directory(path.parent_path(), ignored)
+                   ? error_code::kFileMissing
+                   : error_code::kFolderMissing;
     }
     for (const Pair& pair : kPairs)
     {

@@ -8,7 +8,10 @@
 namespace velmo::platform
 {
 
-char DecimalMark()
+namespace
+{
+
+char ReadDecimalMark()
 {
     const locale_t user = newlocale(LC_NUMERIC_MASK, "", nullptr);
     if (user == nullptr)
@@ -19,6 +22,14 @@ char DecimalMark()
     const char first = mark.size() == 1 ? mark.front() : '.';
     freelocale(user);
     return first;
+}
+
+} // namespace
+
+char DecimalMark()
+{
+    static const char mark = ReadDecimalMark();
+    return mark;
 }
 
 } // namespace velmo::platform

@@ -1,15 +1,13 @@
-#include "platform/posix/WholeFile.h"
+#include "platform/WholeFile.h"
 
-#include "platform/MFile.h"
+#include "platform/ErrorCode.h"
 #include "platform/posix/Descriptor.h"
+#include "platform/posix/DesktopPath.h"
 #include "platform/posix/SystemError.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <cstdio>
 
@@ -18,106 +16,62 @@ namespace velmo::platform
 namespace
 {
 
-namespace fs = std::filesystem;
-
-constexpr std::int32_t kFileMissing = 2;
-constexpr mode_t kNewFile = 0666;
 constexpr mode_t kModeBits = 07777;
-
-fs::path TemporaryName(const fs::path& path)
-{
-    static std::atomic<unsigned> count = 0;
-    return path.string() + ".new-" + std::to_string(getpid()) + "-" + std::to_string(++count);
-}
-
-int WriteNewFile(const fs::path& path, std::string_view bytes, const fs::path& modeOf,
-                 MFile::Keeping keeping)
-{
-    const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFile));
-    if (!file.IsOpen())
-    {
-        return errno;
-    }
-    struct stat old
-    {};
-    if (stat(modeOf.c_str(), &old) == 0 && fchmod(file.Number(), old.st_mode & kModeBits) != 0)
-    {
-        return errno;
-    }
-    if (const int failure = WriteBytes(file.Number(), bytes); failure != 0)
-    {
-        return failure;
-    }
-    const bool passing = keeping == MFile::Keeping::Passing;
-    return passing || fsync(file.Number()) == 0 ? 0 : errno;
-}
+constexpr mode_t kAnyWrite = 0222;
 
 } // namespace
 
-int WriteBytes(int descriptor, std::string_view bytes)
+std::string WrittenPath(std::string_view path)
 {
-    while (!bytes.empty())
+    constexpr int kMostLinks = 40;
+    std::filesystem::path native = NativePath(path);
+    std::error_code error;
+    for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(native, error); ++i)
     {
-        const ssize_t n = write(descriptor, bytes.data(), bytes.size());
-        if (n < 0 && errno != EINTR)
-        {
-            return errno;
-        }
-        bytes.remove_prefix(n < 0 ? 0 : static_cast<std::size_t>(n));
+        native = native.parent_path() / std::filesystem::read_symlink(native, error);
     }
-    return 0;
+    return native.string();
 }
 
-Result<Done> ReplaceFile(const fs::path& path, std::string_view bytes, MFile::Keeping keeping)
+Result<OpenFile> OpenBeside(std::string_view path)
 {
-    const fs::path temporary = TemporaryName(path);
-    int failure = WriteNewFile(temporary, bytes, path, keeping);
-    if (failure == 0 && std::rename(temporary.c_str(), path.c_str()) != 0)
+    const std::filesystem::path native = NativePath(path);
+    struct stat old
+    {};
+    const bool isThere = stat(native.c_str(), &old) == 0;
+    if (isThere && (!S_ISREG(old.st_mode) || (old.st_mode & kAnyWrite) == 0))
     {
-        failure = errno;
+        return Error{error_code::kRefused,
+                     S_ISREG(old.st_mode) ? "The file is read-only" : "This is no file"};
     }
-    if (failure != 0)
+    if (isThere && access(native.c_str(), W_OK) != 0)
     {
-        unlink(temporary.c_str());
-        return SystemError(failure, path);
+        return SystemError(errno, native);
     }
-    if (keeping == MFile::Keeping::Passing)
+    auto file = OpenFile::Open(native.string() + ".new", OpenFile::For::Anew);
+    if (file && isThere &&
+        fchmod(static_cast<int>(file.Value().Handle()), old.st_mode & kModeBits) != 0)
     {
-        return Done{};
+        return SystemError(errno, native);
     }
-    // The new name is on the disk only with its folder.
-    const Descriptor folder(open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.IsOpen())
+    return file;
+}
+
+Result<Done> PutInPlace(std::string_view path, MFile::Keeping keeping)
+{
+    const std::filesystem::path native = NativePath(path);
+    if (std::rename((native.string() + ".new").c_str(), native.c_str()) != 0)
     {
+        return SystemError(errno, native);
+    }
+    if (keeping == MFile::Keeping::Lasting)
+    {
+        // The new name is on the disk only with its folder.
+        const Descriptor folder(
+            open(native.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         fsync(folder.Number());
     }
     return Done{};
-}
-
-Result<Done> EditFile(const fs::path& path,
-                      const std::function<std::string(std::string_view)>& edit)
-{
-    const Descriptor folder(open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!folder.IsOpen())
-    {
-        return SystemError(errno, path);
-    }
-    while (flock(folder.Number(), LOCK_EX) != 0)
-    {
-        if (errno != EINTR)
-        {
-            return SystemError(errno, path);
-        }
-    }
-    auto old = MFile::ReadAll(path.string());
-    if (!old && old.Failure().code != kFileMissing)
-    {
-        return old.Failure();
-    }
-    const std::string oldBytes = old ? std::move(old).Value() : std::string();
-    const std::string newBytes = edit(oldBytes);
-    return newBytes == oldBytes ? Result<Done>(Done{})
-                                : ReplaceFile(path, newBytes, MFile::Keeping::Lasting);
 }
 
 } // namespace velmo::platform

@@ -1,5 +1,7 @@
 #include "platform/HttpHop.h"
 
+#include "platform/ErrorCode.h"
+
 #include <windows.h>
 
 #include <wininet.h>
@@ -24,13 +26,6 @@ namespace
 using Clock = std::chrono::steady_clock;
 using Bytes = std::vector<std::byte>;
 
-constexpr std::int32_t kTimedOut = 12002;
-constexpr std::int32_t kInvalidUrl = 12005;
-constexpr std::int32_t kStopped = 12017;
-constexpr std::int32_t kCannotConnect = 12029;
-constexpr std::int32_t kEndedTooEarly = 12030;
-constexpr std::int32_t kReset = 12031;
-constexpr std::int32_t kNoHttp = 12152;
 /// Small enough for the slowest line to fill it within the usual stall time-out.
 constexpr std::size_t kReadSize = 64 * 1024;
 constexpr std::size_t kMostWaiting = 32; ///< Buffers read ahead of the sink.
@@ -43,19 +38,20 @@ struct Pair
 
 /// What differs from one Windows to another, under one number each.
 constexpr std::array kPairs{
-    Pair{WSAECONNRESET, kReset},
-    Pair{WSAECONNABORTED, kReset},
-    Pair{ERROR_INTERNET_SEC_CERT_DATE_INVALID, 12045},
-    Pair{ERROR_INTERNET_SEC_CERT_CN_INVALID, 12045},
-    Pair{ERROR_INTERNET_SEC_CERT_ERRORS, 12045},
-    Pair{ERROR_INTERNET_SEC_CERT_REV_FAILED, 12045},
-    Pair{ERROR_INTERNET_SEC_INVALID_CERT, 12045},
-    Pair{ERROR_INTERNET_SEC_CERT_REVOKED, 12045},
-    Pair{ERROR_INTERNET_CLIENT_AUTH_CERT_NEEDED, 12157},
-    Pair{12175, 12157}, // "Decoding failed", which newer Windows gives for a failed handshake.
-    Pair{ERROR_INTERNET_SERVER_UNREACHABLE, kCannotConnect},
-    Pair{ERROR_INTERNET_PROXY_SERVER_UNREACHABLE, kCannotConnect},
-    Pair{ERROR_INTERNET_DISCONNECTED, kCannotConnect},
+    Pair{WSAECONNRESET, error_code::kReset},
+    Pair{WSAECONNABORTED, error_code::kReset},
+    Pair{ERROR_INTERNET_SEC_CERT_DATE_INVALID, error_code::kUntrustedCertificate},
+    Pair{ERROR_INTERNET_SEC_CERT_CN_INVALID, error_code::kUntrustedCertificate},
+    Pair{ERROR_INTERNET_SEC_CERT_ERRORS, error_code::kUntrustedCertificate},
+    Pair{ERROR_INTERNET_SEC_CERT_REV_FAILED, error_code::kUntrustedCertificate},
+    Pair{ERROR_INTERNET_SEC_INVALID_CERT, error_code::kUntrustedCertificate},
+    Pair{ERROR_INTERNET_SEC_CERT_REVOKED, error_code::kUntrustedCertificate},
+    Pair{ERROR_INTERNET_CLIENT_AUTH_CERT_NEEDED, error_code::kNoSecureChannel},
+    // "Decoding failed", which newer Windows gives for a failed handshake.
+    Pair{12175, error_code::kNoSecureChannel},
+    Pair{ERROR_INTERNET_SERVER_UNREACHABLE, error_code::kCannotConnect},
+    Pair{ERROR_INTERNET_PROXY_SERVER_UNREACHABLE, error_code::kCannotConnect},
+    Pair{ERROR_INTERNET_DISCONNECTED, error_code::kCannotConnect},
 };
 
 std::int32_t InternetCode(DWORD given)
@@ -112,7 +108,9 @@ std::string Absolute(const std::string& base, const std::string& reference)
 class Exchange
 {
   public:
-    Exchange(std::string url, const HttpLimits& limits) : m_url(std::move(url)), m_limits(limits) {}
+    Exchange(std::string url, const HttpLimits& limits, HopEnd end)
+        : m_url(std::move(url)), m_limits(limits), m_end(end)
+    {}
 
     /// The worker's part.
     void Run()
@@ -136,7 +134,7 @@ class Exchange
             std::optional<std::int32_t> code;
             if (stop.stop_requested())
             {
-                code = kStopped;
+                code = error_code::kCancelled;
             }
             else if (news)
             {
@@ -144,7 +142,7 @@ class Exchange
             }
             else if (Clock::now() >= Deadline()) // A sign of life may have moved it on meanwhile.
             {
-                code = kTimedOut;
+                code = error_code::kTimedOut;
             }
             if (code)
             {
@@ -158,7 +156,8 @@ class Exchange
   private:
     [[nodiscard]] Clock::time_point Deadline() const
     {
-        return m_lastSign.load() + (m_connected ? m_limits.stallTimeout : m_limits.connectTimeout);
+        const auto longest = m_connected ? m_limits.stallTimeout : m_limits.connectTimeout;
+        return std::min(m_end, m_lastSign.load() + longest);
     }
 
     /// Hands the next thing to the sink. The exchange's code when that was all.
@@ -195,7 +194,9 @@ class Exchange
     static void CALLBACK OnStatus(HINTERNET, DWORD_PTR context, DWORD status, void*, DWORD)
     {
         auto& exchange = *reinterpret_cast<Exchange*>(context);
-        if (status == INTERNET_STATUS_CONNECTED_TO_SERVER)
+        // A connection that is used again is never told of as made.
+        if (status == INTERNET_STATUS_CONNECTED_TO_SERVER ||
+            status == INTERNET_STATUS_SENDING_REQUEST)
         {
             exchange.SignOfLife();
             exchange.m_connected = true;
@@ -236,7 +237,7 @@ class Exchange
         const std::optional<Target> target = Crack();
         if (!target)
         {
-            return kInvalidUrl;
+            return error_code::kInvalidAddress;
         }
         const Handle session(InternetOpenA("Velmo Software Update Manager",
                                            INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
@@ -277,8 +278,8 @@ class Exchange
         if (!HttpSendRequestA(request, nullptr, 0, nullptr, 0))
         {
             const std::int32_t code = InternetCode(GetLastError());
-            const bool ended = code == kEndedTooEarly || code == kReset;
-            return !ended ? code : m_connected ? kNoHttp : kCannotConnect;
+            const bool ended = code == error_code::kEndedTooEarly || code == error_code::kReset;
+            return !ended ? code : m_connected ? error_code::kNoHttp : error_code::kCannotConnect;
         }
         HttpHead head;
         DWORD status = 0;
@@ -287,10 +288,11 @@ class Exchange
                        nullptr);
         if (status == 0 || !HasHeaders(request))
         {
-            return kNoHttp;
+            return error_code::kNoHttp;
         }
         head.status = static_cast<int>(status);
         head.reason = QueryText(request, HTTP_QUERY_STATUS_TEXT);
+        head.encoding = QueryText(request, HTTP_QUERY_CONTENT_ENCODING);
         const std::string location = QueryText(request, HTTP_QUERY_LOCATION);
         head.location = location.empty() ? location : Absolute(m_url, location);
         const std::string length = QueryText(request, HTTP_QUERY_CONTENT_LENGTH);
@@ -379,6 +381,7 @@ class Exchange
 
     const std::string m_url;
     const HttpLimits m_limits;
+    const HopEnd m_end;
     std::atomic<Clock::time_point> m_lastSign{Clock::now()};
     std::atomic<bool> m_connected{false};
 
@@ -395,10 +398,10 @@ class Exchange
 
 } // namespace
 
-std::int32_t HttpHop(const std::string& url, const HttpLimits& limits, HopSink& sink,
+std::int32_t HttpHop(const std::string& url, const HttpLimits& limits, HopEnd end, HopSink& sink,
                      const std::stop_token& stop)
 {
-    const auto exchange = std::make_shared<Exchange>(url, limits);
+    const auto exchange = std::make_shared<Exchange>(url, limits, end);
     std::thread([exchange] { exchange->Run(); }).detach();
     return exchange->Follow(sink, stop);
 }

@@ -4,55 +4,10 @@
 
 #include <windows.h>
 
-#include <algorithm>
-#include <atomic>
-
 namespace velmo::platform::MFile
 {
 namespace
 {
-
-/// Closes a handle at the scope's end.
-class File
-{
-  public:
-    File(const std::wstring& path, DWORD access, DWORD creation)
-        : m_handle(CreateFileW(path.c_str(), access,
-                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                               creation, FILE_ATTRIBUTE_NORMAL, nullptr))
-    {}
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    ~File()
-    {
-        if (IsOpen())
-        {
-            CloseHandle(m_handle);
-        }
-    }
-
-    [[nodiscard]] bool IsOpen() const { return m_handle != INVALID_HANDLE_VALUE; }
-    [[nodiscard]] HANDLE Handle() const { return m_handle; }
-
-    [[nodiscard]] bool Write(std::string_view bytes) const
-    {
-        constexpr std::size_t kMostAtOnce = 1U << 30;
-        while (!bytes.empty())
-        {
-            DWORD n = 0;
-            const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
-            if (!WriteFile(m_handle, bytes.data(), wanted, &n, nullptr))
-            {
-                return false;
-            }
-            bytes.remove_prefix(n);
-        }
-        return true;
-    }
-
-  private:
-    HANDLE m_handle;
-};
 
 /// File times count 100 ns from 1601; the system clock counts from 1970.
 using FileTicks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
@@ -75,20 +30,6 @@ Result<Done> DoneOrMissing(bool succeeded)
 DWORD Attributes(std::string_view path)
 {
     return GetFileAttributesW(Wide(path).c_str());
-}
-
-std::wstring TemporaryName(const std::wstring& path)
-{
-    static std::atomic<unsigned> count = 0;
-    return path + L".new-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-           std::to_wstring(++count);
-}
-
-bool WriteNewFile(const std::wstring& path, std::string_view bytes, Keeping keeping)
-{
-    const File file(path, GENERIC_WRITE, CREATE_NEW);
-    return file.IsOpen() && file.Write(bytes) &&
-           (keeping == Keeping::Passing || FlushFileBuffers(file.Handle()) != FALSE);
 }
 
 } // namespace
@@ -133,11 +74,15 @@ Result<Time> ModificationTime(std::string_view path)
 
 Result<Done> SetModificationTime(std::string_view path, Time time)
 {
-    const File file(Wide(path), FILE_WRITE_ATTRIBUTES, OPEN_EXISTING);
+    HANDLE file = CreateFileW(Wide(path).c_str(), FILE_WRITE_ATTRIBUTES,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     const auto ticks = static_cast<std::uint64_t>(
         (std::chrono::duration_cast<FileTicks>(time.time_since_epoch()) + kEpoch).count());
     const FILETIME written{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
-    return DoneOr(file.IsOpen() && SetFileTime(file.Handle(), nullptr, nullptr, &written));
+    const auto result = DoneOr(SetFileTime(file, nullptr, nullptr, &written) != FALSE);
+    CloseHandle(file);
+    return result;
 }
 
 std::string FullPath(std::string_view path)
@@ -156,27 +101,6 @@ std::string FullPath(std::string_view path)
 std::string FromCommandLine(std::string_view argument)
 {
     return std::string(argument);
-}
-
-Result<Done> WriteAll(std::string_view path, std::string_view bytes, Keeping keeping)
-{
-    const std::wstring target = Wide(path);
-    const std::wstring temporary = TemporaryName(target);
-    const DWORD through = keeping == Keeping::Passing ? 0 : MOVEFILE_WRITE_THROUGH;
-    if (WriteNewFile(temporary, bytes, keeping) &&
-        MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | through))
-    {
-        return Done{};
-    }
-    Error error = LastSystemError();
-    DeleteFileW(temporary.c_str());
-    return error;
-}
-
-Result<Done> Append(std::string_view path, std::string_view bytes)
-{
-    const File file(Wide(path), FILE_APPEND_DATA, OPEN_ALWAYS);
-    return DoneOr(file.IsOpen() && file.Write(bytes));
 }
 
 Result<Done> DeleteIfExists(std::string_view path)

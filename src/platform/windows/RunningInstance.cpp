@@ -5,6 +5,8 @@
 #include <windows.h>
 
 #include <array>
+#include <thread>
+#include <utility>
 
 namespace velmo::platform
 {
@@ -41,10 +43,31 @@ HWND FindTopLevel(const Wanted& wanted)
     return window;
 }
 
+/// The event by which the first instance is asked.
+std::wstring RequestName(std::string_view name)
+{
+    return Wide(name) + L"-come-forward";
+}
+
+bool AskToComeForward(const std::wstring& requestName)
+{
+    HANDLE request = OpenEventW(EVENT_MODIFY_STATE, FALSE, requestName.c_str());
+    if (request == nullptr)
+    {
+        return false;
+    }
+    // This instance was started by the person and may let another take the focus.
+    AllowSetForegroundWindow(ASFW_ANY);
+    const bool asked = SetEvent(request) != FALSE;
+    CloseHandle(request);
+    return asked;
+}
+
 } // namespace
 
 struct RunningInstance::State
 {
+    std::wstring requestName;
     HANDLE mutex = nullptr;
     bool hasPrevious = false;
 
@@ -59,6 +82,7 @@ struct RunningInstance::State
 
 RunningInstance::RunningInstance(std::string_view name) : m_state(std::make_unique<State>())
 {
+    m_state->requestName = RequestName(name);
     m_state->mutex = CreateMutexW(nullptr, FALSE, Wide(name).c_str());
     const DWORD error = GetLastError();
     // An instance that runs as administrator may keep its mark to itself.
@@ -78,25 +102,57 @@ bool RunningInstance::BringPreviousForward(std::string_view caption,
     HWND window = FindTopLevel({Wide(caption), Wide(className)});
     if (window == nullptr)
     {
-        return false;
+        return AskToComeForward(m_state->requestName);
     }
-    SetForegroundWindow(window);
+    // With a dialog open, it is the dialog that takes the keys.
+    SetForegroundWindow(GetLastActivePopup(window));
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     if (GetWindowPlacement(window, &placement) && placement.showCmd == SW_SHOWMINIMIZED)
     {
         ShowWindow(window, SW_RESTORE);
-        SetForegroundWindow(window);
+        SetForegroundWindow(GetLastActivePopup(window));
     }
     return true;
 }
 
 struct InstanceListener::State
-{};
+{
+    State(HANDLE requestEvent, HANDLE stopEvent) : request(requestEvent), stop(stopEvent) {}
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+    ~State()
+    {
+        SetEvent(stop);
+        if (thread.joinable())
+        {
+            thread.join();
+        }
+        CloseHandle(request);
+        CloseHandle(stop);
+    }
 
-InstanceListener::InstanceListener(std::string_view /*name*/, MessageLoop& /*loop*/,
-                                   std::function<bool()> /*comeForward*/)
-{}
+    HANDLE request;
+    HANDLE stop;
+    std::jthread thread;
+};
+
+InstanceListener::InstanceListener(std::string_view name, MessageLoop& loop,
+                                   std::function<bool()> comeForward)
+    : m_state(
+          std::make_unique<State>(CreateEventW(nullptr, FALSE, FALSE, RequestName(name).c_str()),
+                                  CreateEventW(nullptr, TRUE, FALSE, nullptr)))
+{
+    m_state->thread =
+        std::jthread([state = m_state.get(), &loop, comeForward = std::move(comeForward)] {
+            const std::array<HANDLE, 2> waiting{state->stop, state->request};
+            while (WaitForMultipleObjects(static_cast<DWORD>(waiting.size()), waiting.data(), FALSE,
+                                          INFINITE) == WAIT_OBJECT_0 + 1)
+            {
+                loop.Post([comeForward] { (void)comeForward(); });
+            }
+        });
+}
 
 InstanceListener::~InstanceListener() = default;
 

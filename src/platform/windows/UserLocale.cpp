@@ -7,13 +7,24 @@
 namespace velmo::platform
 {
 
-char DecimalMark()
+namespace
+{
+
+char ReadDecimalMark()
 {
     std::array<wchar_t, 8> mark{};
     const int n = GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, mark.data(),
                                  static_cast<int>(mark.size()));
     constexpr int kOneWithNul = 2;
     return n == kOneWithNul && mark[0] < 0x80 ? static_cast<char>(mark[0]) : '.';
+}
+
+} // namespace
+
+char DecimalMark()
+{
+    static const char mark = ReadDecimalMark();
+    return mark;
 }
 
 } // namespace velmo::platform

@@ -1,16 +1,60 @@
 #include "platform/UserSettings.h"
 
-#include "platform/windows/RegistryText.h"
+#include "platform/MachinePolicy.h"
 #include "platform/windows/WideText.h"
+
+#include <windows.h>
 
 namespace velmo::platform
 {
 namespace
 {
 
+constexpr const wchar_t* kPolicyKey = L"Software\\Policies\\Velmo Software\\Update Manager";
+
 std::wstring KeyOf(std::string_view application, std::string_view section)
 {
     return L"Software\\VB and VBA Program Settings\\" + Wide(application) + L"\\" + Wide(section);
+}
+
+/// A text value, as UTF-8; nothing when it is absent or no text.
+std::optional<std::string> ReadRegistryText(HKEY root, const std::wstring& key,
+                                            std::string_view name)
+{
+    const std::wstring wideName = Wide(name);
+    std::wstring value;
+    LSTATUS status = ERROR_MORE_DATA;
+    DWORD size = 256 * sizeof(wchar_t);
+    while (status == ERROR_MORE_DATA)
+    {
+        value.resize(size / sizeof(wchar_t));
+        status = RegGetValueW(root, key.c_str(), wideName.c_str(), RRF_RT_REG_SZ, nullptr,
+                              value.data(), &size);
+    }
+    if (status != ERROR_SUCCESS)
+    {
+        return std::nullopt;
+    }
+    return Narrow(value.c_str());
+}
+
+/// Writes a text value and creates its key when needed.
+Result<Done> WriteRegistryText(HKEY root, const std::wstring& key, std::string_view name,
+                               std::string_view value)
+{
+    HKEY handle = nullptr;
+    LSTATUS status = RegCreateKeyExW(root, key.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                     KEY_SET_VALUE, nullptr, &handle, nullptr);
+    if (status == ERROR_SUCCESS)
+    {
+        const std::wstring wide = Wide(value);
+        const std::size_t size = (wide.size() + 1) * sizeof(wchar_t);
+        status =
+            RegSetValueExW(handle, Wide(name).c_str(), 0, REG_SZ,
+                           reinterpret_cast<const BYTE*>(wide.c_str()), static_cast<DWORD>(size));
+        RegCloseKey(handle);
+    }
+    return status == ERROR_SUCCESS ? Result<Done>(Done{}) : SystemError(static_cast<DWORD>(status));
 }
 
 } // namespace
@@ -27,13 +71,15 @@ Result<Done> WriteUserSetting(std::string_view application, std::string_view sec
     return WriteRegistryText(HKEY_CURRENT_USER, KeyOf(application, section), key, value);
 }
 
-Result<Done> DeleteUserSetting(std::string_view application, std::string_view section,
-                               std::string_view key)
+std::optional<std::string> ReadMachinePolicy(std::string_view name)
 {
-    const LSTATUS status = RegDeleteKeyValueW(
-        HKEY_CURRENT_USER, KeyOf(application, section).c_str(), Wide(key).c_str());
-    const bool fine = status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
-    return fine ? Result<Done>(Done{}) : SystemError(static_cast<DWORD>(status));
+    auto value = ReadRegistryText(HKEY_LOCAL_MACHINE, kPolicyKey, name);
+    return value && value->empty() ? std::nullopt : value;
+}
+
+Result<Done> WriteMachinePolicy(std::string_view name, std::string_view value)
+{
+    return WriteRegistryText(HKEY_LOCAL_MACHINE, kPolicyKey, name, value);
 }
 
 } // namespace velmo::platform

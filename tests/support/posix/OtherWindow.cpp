@@ -25,9 +25,14 @@ bool DoWith(const std::string& title, const std::string& action)
 
 void MustDo(const std::string& title, const std::string& action)
 {
-    if (!DoWith(title, action))
+    // A window that has just come may not take the focus yet.
+    constexpr int kMostTries = 100;
+    for (int i = 0; !DoWith(title, action); ++i)
     {
-        throw std::runtime_error(title + ": cannot " + action);
+        if (i == kMostTries)
+        {
+            throw std::runtime_error(title + ": cannot " + action);
+        }
     }
 }
 
@@ -46,6 +51,11 @@ void PressButton(const std::string& title, char mnemonic)
 void CloseByFrame(const std::string& title)
 {
     MustDo(title, kKey + std::string("alt+F4"));
+}
+
+void EndProgramOf(const std::string& title)
+{
+    DoWith(title, "windowkill %@");
 }
 
 } // namespace velmo::test

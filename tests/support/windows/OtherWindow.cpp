@@ -68,4 +68,15 @@ void CloseByFrame(const std::string& title)
     PostMessageW(Require(VisibleWindow(title), title), WM_CLOSE, 0, 0);
 }
 
+void EndProgramOf(const std::string& title)
+{
+    DWORD id = 0;
+    GetWindowThreadProcessId(VisibleWindow(title), &id);
+    if (HANDLE process = id != 0 ? OpenProcess(PROCESS_TERMINATE, FALSE, id) : nullptr)
+    {
+        TerminateProcess(process, 1);
+        CloseHandle(process);
+    }
+}
+
 } // namespace velmo::test

@@ -1,0 +1,8 @@
+#include "ui/ProgramIcon.h"
+
+namespace velmo
+{
+
+void ShowProgramIcon(wxTopLevelWindow& /*window*/) {}
+
+} // namespace velmo

@@ -1,0 +1,20 @@
+#include "ui/SortArrow.h"
+
+#include <wx/listctrl.h>
+
+namespace velmo
+{
+
+void ShowSortArrow(wxListCtrl& list, int column, bool ascending)
+{
+    if (column >= 0)
+    {
+        list.ShowSortIndicator(column, ascending);
+    }
+    else
+    {
+        list.RemoveSortIndicator();
+    }
+}
+
+} // namespace velmo

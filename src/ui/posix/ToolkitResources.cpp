@@ -1,0 +1,8 @@
+#include "ui/ToolkitResources.h"
+
+namespace velmo
+{
+
+void TakeToolkitResourcesFrom(void* /*module*/) {}
+
+} // namespace velmo

@@ -1,0 +1,206 @@
+#include "app/EquipmentPage.h"
+#include "sample/EquipmentDatabaseFile.h"
+#include "tests/ui/WindowUnderTest.h"
+#include "ui/Grid.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/dcmemory.h>
+#include <wx/image.h>
+#include <wx/menu.h>
+
+#include <array>
+
+namespace velmo::test
+{
+namespace
+{
+
+/// Columns of the grid.
+constexpr int kSection = 0;
+constexpr int kInstallDatabase = 2;
+constexpr int kInstallPictures = 4;
+constexpr int kManufacturer = 9;
+constexpr int kFile = 10;
+
+constexpr char kList[] =
+    "[Birchmere]\r\nMDBSetupFileSize=100\r\nPictureSetupFilename=birchpic.exe\r\n"
+    "PictureSetupFileSize=50\r\n"
+    "1ManufacturerName=Birchmere Comfort\r\n1MDBFilename=birchmere1.mdb\r\n"
+    "1ReleaseDate=3/4/2026\r\n"
+    "2ManufacturerName=Birchmere Comfort of the North and the West\r\n"
+    "2MDBFilename=birchmere2.mdb\r\n2ReleaseDate=3/4/2026\r\n"
+    "[Ashgrove]\r\nMDBSetupFileSize=30\r\n"
+    "1ManufacturerName=Ashgrove Air\r\n1MDBFilename=ashgrove1.mdb\r\n1ReleaseDate=5/6/2026\r\n";
+
+/// The equipment tab of the main window over a list of two sections; of the first one's two databases
+/// the first is installed and needs an update.
+class EquipmentTest : public testing::Test
+{
+  protected:
+    void Show(std::string_view list)
+    {
+        using namespace std::chrono;
+        m_desktop.ServeLists("[News Headlines]\r\n", list);
+        m_desktop.desktop.Write("Common\\birchmere1.mdb",
+                                sample::EquipmentDatabaseFile("birchmere1.mdb", 2025y / 1 / 2));
+        m_test.window->Open("Manufacturer Databases");
+        m_test.manager.FetchLists();
+    }
+
+    Grid& Equipment() { return m_test.Find<Grid>("flxEquipment"); }
+    std::string Summary() { return TextOf(*m_test.window, "lblInfoOnCheckedEquipment"); }
+
+    /// What the grid paints, without its header and its lines.
+    wxImage Picture()
+    {
+        Grid& grid = Equipment();
+        int width = 0;
+        for (int column = 0; column < grid.GetNumberCols(); ++column)
+        {
+            width += grid.GetColSize(column);
+        }
+        wxBitmap bitmap(width, grid.GetNumberRows() * grid.GetDefaultRowSize());
+        wxMemoryDC dc(bitmap);
+        grid.Render(dc, wxPoint(0, 0), wxDefaultSize, wxGridCellCoords(), wxGridCellCoords(), 0);
+        dc.SelectObject(wxNullBitmap);
+        return bitmap.ConvertToImage();
+    }
+
+    WindowDesktop m_desktop;
+    WindowUnderTest m_test;
+};
+
+wxColour At(const wxImage& picture, wxPoint place)
+{
+    return {picture.GetRed(place.x, place.y), picture.GetGreen(place.x, place.y),
+            picture.GetBlue(place.x, place.y)};
+}
+
+TEST_F(EquipmentTest, AClickAndTheSpaceBarTickTheBoxOfTheirCell)
+{
+    Show(kList);
+    Grid& grid = Equipment();
+    EXPECT_EQ(Summary(), "DB: 0, Pic: 0, 0 Bytes");
+    Click(grid, 0, kInstallDatabase);
+    EXPECT_EQ(Summary(), "DB: 1, Pic: 0, 100 Bytes");
+    Click(grid, 0, kInstallPictures);
+    EXPECT_EQ(Summary(), "DB: 1, Pic: 1, 150 Bytes");
+    Click(grid, 2, kInstallPictures);
+    Click(grid, 2, kFile);
+    EXPECT_EQ(Summary(), "DB: 1, Pic: 1, 150 Bytes") << "there is no box";
+    grid.SetGridCursor(2, kInstallDatabase);
+    PressKey(grid, WXK_SPACE);
+    EXPECT_EQ(Summary(), "DB: 2, Pic: 1, 180 Bytes");
+    PressKey(grid, WXK_SPACE);
+    Click(grid, 0, kInstallPictures);
+    EXPECT_EQ(Summary(), "DB: 1, Pic: 0, 100 Bytes");
+}
+
+TEST_F(EquipmentTest, TheMarkMenuDoesWhatItSays)
+{
+    Show(kList);
+    wxMenu menu;
+    m_test.Find<EquipmentPage>("picHoldEquipment").FillMarkMenu(menu);
+    EXPECT_EQ(EntriesOf(menu),
+              "Mark All Databases that Need Updating\n"
+              "Mark All Databases Except Ones that are Installed and Up to Date\n-\n"
+              "Mark All Pictures that Need Updating\n"
+              "Mark All Pictures Except Ones that are Installed and Up to Date\n-\n"
+              "Clear All Databases\nClear All Pictures\n-\n"
+              "Mark All Databases\nMark All Pictures\n");
+    const std::array<std::pair<const char*, const char*>, 6> commands{{
+        {"Mark All Databases that Need Updating", "DB: 1, Pic: 0, 100 Bytes"},
+        {"Mark All Databases", "DB: 2, Pic: 0, 130 Bytes"},
+        {"Mark All Pictures", "DB: 2, Pic: 1, 180 Bytes"},
+        {"Clear All Databases", "DB: 0, Pic: 1, 50 Bytes"},
+        {"Clear All Pictures", "DB: 0, Pic: 0, 0 Bytes"},
+        {"Mark All Pictures Except Ones that are Installed and Up to Date",
+         "DB: 0, Pic: 1, 50 Bytes"},
+    }};
+    for (const auto& [caption, summary] : commands)
+    {
+        Choose(menu, caption);
+        EXPECT_EQ(Summary(), summary) << caption;
+    }
+}
+
+TEST_F(EquipmentTest, ColumnsAreAsWideAsTheirTextsAndHeadersSayWhatStandsThere)
+{
+    Show(kList);
+    Grid& grid = Equipment();
+    wxString headers;
+    for (int column = 0; column < grid.GetNumberCols(); ++column)
+    {
+        wxString header = grid.GetColLabelValue(column);
+        header.Replace("\n", " ");
+        headers += grid.IsColShown(column) ? header + "|" : wxString();
+        int width = 0;
+        for (int row = 0; row < grid.GetNumberRows() && grid.IsColShown(column); ++row)
+        {
+            width = std::max(width, grid.GetTextExtent(grid.GetCellValue(row, column)).x);
+        }
+        EXPECT_LE(width, grid.GetColSize(column)) << header;
+    }
+    EXPECT_EQ(headers,
+              "Section Name|MDB EXE|Install Database|Picture EXE|Install Pictures|"
+              "Database File Size|Pictures File Size|Manufacturer Name|Database File|"
+              "Database Installed Version|Database Latest Version|Need to Update Database|"
+              "Pictures Installed Version|Pictures Latest Version|Need to Update Pictures| AC| HP|"
+              " GSHP|Oil Furn|NG Furn|Pr Furn|NG/Pr Furn|Oil Boil|NG Boil|Pr Boil|NG/Pr Boil|"
+              "2 Sp AC|2 Sp GSHP|2 Sp Furn|Wtr Htr|");
+    EXPECT_GT(grid.GetColSize(kManufacturer), grid.GetColSize(kSection));
+}
+
+TEST_F(EquipmentTest, SectionsHaveTheirColoursAndSharedValuesStandOnce)
+{
+    Show(kList);
+    Grid& grid = Equipment();
+    const wxImage picture = Picture();
+    const auto background = [&](int row) {
+        return At(picture, grid.CellToRect(row, kFile).GetTopLeft() + wxPoint(1, 1));
+    };
+    EXPECT_EQ(background(0), wxColour(192, 220, 192));
+    EXPECT_EQ(background(1), wxColour(192, 220, 192));
+    EXPECT_EQ(background(2), wxColour(255, 251, 240));
+    // A text in the middle of two rows crosses the border between them.
+    const auto crosses = [&](int column) {
+        const wxRect lower = grid.CellToRect(1, column);
+        for (int x = lower.x + 1; x < lower.GetRight(); ++x)
+        {
+            if (At(picture, {x, grid.GetDefaultRowSize()}) != background(0))
+            {
+                return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(crosses(kSection));
+    EXPECT_FALSE(crosses(kFile));
+    EXPECT_TRUE(grid.GetCellFont(0, kFile).GetWeight() == wxFONTWEIGHT_BOLD) << "needs an update";
+    EXPECT_FALSE(grid.GetCellFont(2, kFile).GetWeight() == wxFONTWEIGHT_BOLD);
+}
+
+TEST_F(EquipmentTest, ARefreshLeavesThePersonWhereTheyWere)
+{
+    std::string list = "[Birchmere]\r\n";
+    for (int row = 1; row <= 200; ++row)
+    {
+        const std::string number = std::to_string(row);
+        list.append(number).append("ManufacturerName=Birchmere\r\n");
+        list.append(number).append("MDBFilename=birchmere").append(number).append(".mdb\r\n");
+    }
+    Show(list);
+    Grid& grid = Equipment();
+    ASSERT_EQ(grid.GetNumberRows(), 200);
+    grid.GoToCell(150, kFile);
+    m_test.loop.Yield();
+    const int top = grid.GetFirstFullyVisibleRow();
+    ASSERT_GT(top, 50);
+    m_test.manager.FetchLists();
+    EXPECT_EQ(grid.GetFirstFullyVisibleRow(), top);
+    EXPECT_EQ(grid.GetGridCursorRow(), 150);
+}
+
+} // namespace
+} // namespace velmo::test
