@@ -12,7 +12,7 @@ host=x86_64-w64-mingw32
 options=(
     --host="$host" --disable-shared --without-libpng --without-libjpeg --without-libtiff --without-zlib --without-expat
     --without-regex --disable-xrc --disable-richtext --disable-stc --disable-ribbon --disable-propgrid --disable-aui
-    --disable-mediactrl --disable-svg --disable-html --enable-webview --disable-debug_flag
+    --disable-mediactrl --disable-svg --enable-html --enable-accessibility --enable-webview --disable-debug_flag
 )
 flags="-Os -g0"
 
