@@ -4,6 +4,7 @@
 #include <wx/app.h>
 #include <wx/debug.h>
 #include <wx/log.h>
+#include <wx/utils.h>
 
 namespace
 {
@@ -38,6 +39,9 @@ class TestApplication final : public wxApp
 int main(int argc, char** argv)
 {
     testing::InitGoogleMock(&argc, argv);
+    // A sanitized program that this suite starts ends while the browser engine's threads still come and go, and the
+    // search for leaks then crashes in their storage; this process is searched, with nothing else going on.
+    wxSetEnv("LSAN_OPTIONS", "detect_leaks=0");
     wxApp::SetInstance(new TestApplication);
     int ownArgc = 1;
     return wxEntry(ownArgc, argv);
