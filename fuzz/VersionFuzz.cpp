@@ -1,6 +1,6 @@
 // Damaged executables and version resources: nothing that lies in a file may crash or hang the reader.
-#include "version/PeVersionResource.h"
 #include "version/VersionInfoBlock.h"
+#include "version/VersionResource.h"
 
 #include <cstdlib>
 #include <filesystem>

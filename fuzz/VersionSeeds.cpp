@@ -1,6 +1,7 @@
-// Writes what the version fuzzer starts from into the folder given: an image of each width with two
-// languages, and one version resource.
+// Writes what the version fuzzer starts from into the folder given: an image of each width, the wider ones
+// with two languages, and one version resource.
 #include "sample/PeImageWriter.h"
+#include "tests/version/NeImage.h"
 
 #include <filesystem>
 #include <fstream>
@@ -22,7 +23,8 @@ int main(int count, char** arguments)
     const auto write = [&](const char* name, const std::string& bytes) {
         return std::ofstream(folder / name, std::ios::binary) << bytes ? 0 : 1;
     };
-    return write("image32", sample::WritePeImage({false, {english, german}})) +
+    return write("image16", velmo::test::NeImage()) +
+           write("image32", sample::WritePeImage({false, {english, german}})) +
            write("image64", sample::WritePeImage({true, {english, german}})) +
            write("resource", sample::WriteVersionResource(english));
 }

@@ -73,11 +73,17 @@ CVelmoProgramCommunicator::CVelmoProgramCommunicator(DiagnosticLog& log, UserPro
     : m_log(log), m_prompts(prompts)
 {}
 
-void CVelmoProgramCommunicator::ReportInvalidArgument(std::string_view operation)
+void CVelmoProgramCommunicator::Report(std::string_view operation, std::int32_t number,
+                                       std::string_view description)
 {
     const std::string source = "CVelmoProgramCommunicator::" + std::string(operation);
-    m_lastError = ErrorRecord{error_code::kInvalidArgument, "Invalid argument", source};
-    m_log.Failure(source, Error{error_code::kInvalidArgument, m_lastError->description});
+    m_lastError = ErrorRecord{number, std::string(description), source};
+    m_log.Failure(source, Error{number, m_lastError->description});
+}
+
+void CVelmoProgramCommunicator::ReportInvalidArgument(std::string_view operation)
+{
+    Report(operation, error_code::kInvalidArgument, "Invalid argument");
 }
 
 std::string CVelmoProgramCommunicator::FolderName(std::int32_t number)
@@ -124,7 +130,7 @@ void CVelmoProgramCommunicator::SetFileVersion(std::int32_t number, std::int32_t
     catch (const TranslationCodeError& fault)
     {
         // The fixed numbers are there all the same.
-        m_log.Write("CVelmoProgramCommunicator::SetFileVersion: " + path + ": " + fault.what());
+        Report("SetFileVersion", error_code::kInvalidData, path + ": " + fault.what());
     }
     const std::string& version = info.FileVersion().empty() ? info.VerFile() : info.FileVersion();
     if (version.empty())
@@ -143,13 +149,16 @@ std::string CVelmoProgramCommunicator::IniFilePath(const LocatorEntry& entry)
         return newer;
     }
     const std::string older = folder + std::string(entry.previousIniFile);
-    const auto newerTime = MFile::ModificationTime(newer);
-    const auto olderTime = MFile::ModificationTime(older);
-    if (!newerTime || (olderTime && olderTime.Value() > newerTime.Value()))
+    // A folder of that name has a time, too.
+    if (!MFile::FileExists(newer))
     {
         return older;
     }
-    return newer;
+    const auto newerTime = MFile::ModificationTime(newer);
+    const auto olderTime = MFile::ModificationTime(older);
+    const bool isOlderNewer =
+        MFile::FileExists(older) && newerTime && olderTime && olderTime.Value() > newerTime.Value();
+    return isOlderNewer ? older : newer;
 }
 
 INIValue CVelmoProgramCommunicator::ProgramINIValue(std::int32_t number, std::string_view section,
@@ -160,12 +169,12 @@ INIValue CVelmoProgramCommunicator::ProgramINIValue(std::int32_t number, std::st
     if (entry == nullptr || entry->iniFile.empty())
     {
         ReportInvalidArgument("FolderName");
-        return defaultValue;
+        return std::monostate();
     }
     if (static_cast<std::size_t>(kind) != defaultValue.index())
     {
         ReportInvalidArgument("ProgramINIValue");
-        return defaultValue;
+        return std::monostate();
     }
     CINIFileHandler handler(m_log);
     handler.AppProfileFileName(IniFilePath(*entry));
@@ -188,10 +197,10 @@ INIValue CVelmoProgramCommunicator::ProgramINIValue(std::int32_t number, std::st
     }
     catch (const std::exception& fault)
     {
-        m_log.Write("Reading " + std::string(key) + " of " + handler.AppProfileFileName() + ": " +
-                    fault.what());
+        Report("ProgramINIValue", error_code::kInvalidData,
+               std::string(key) + " of " + handler.AppProfileFileName() + ": " + fault.what());
     }
-    return defaultValue;
+    return std::monostate();
 }
 
 void CVelmoProgramCommunicator::WriteVelmoSoftwareEntry(std::int32_t number,

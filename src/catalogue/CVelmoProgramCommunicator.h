@@ -13,7 +13,7 @@ class DiagnosticLog;
 struct LocatorEntry;
 class UserPrompts;
 
-/// A report of an invalid argument: it does not stop the caller.
+/// A report of an invalid argument or of a fault on the way: it does not stop the caller.
 struct ErrorRecord
 {
     std::int32_t number = 0;
@@ -31,7 +31,8 @@ enum class INIValueKind : std::int32_t
     String,
 };
 
-using INIValue = std::variant<bool, float, std::int32_t, std::int16_t, std::string>;
+/// The last kind is the empty answer: an error is on record.
+using INIValue = std::variant<bool, float, std::int32_t, std::int16_t, std::string, std::monostate>;
 
 /**
     The program locator: where a program of the vendor is installed, which version its executable
@@ -54,7 +55,7 @@ class CVelmoProgramCommunicator
     [[nodiscard]] std::string FolderName(std::int32_t number);
 
     /// A value of the program's own INI file; the kind of @a defaultValue is the kind of the answer.
-    /// The default is also the answer for a number without INI file and for an unknown kind.
+    /// Empty for a number without INI file, for an unknown kind, and for a number too large for its kind.
     [[nodiscard]] INIValue ProgramINIValue(std::int32_t number, std::string_view section,
                                            std::string_view key, INIValueKind kind,
                                            const INIValue& defaultValue);
@@ -69,11 +70,12 @@ class CVelmoProgramCommunicator
     /// number does nothing.
     void Launch(std::int32_t number);
 
-    /// The last invalid argument, if there was one.
+    /// The last invalid argument or fault, if there was one.
     [[nodiscard]] const std::optional<ErrorRecord>& LastError() const { return m_lastError; }
 
   private:
     void ReportInvalidArgument(std::string_view operation);
+    void Report(std::string_view operation, std::int32_t number, std::string_view description);
     [[nodiscard]] std::string IniFilePath(const LocatorEntry& entry);
 
     DiagnosticLog& m_log;

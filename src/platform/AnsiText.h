@@ -17,6 +17,10 @@ namespace velmo::platform
 /// ANSI bytes of UTF-8 text. What the code page does not have, or what is not UTF-8, becomes "?".
 [[nodiscard]] std::string ToAnsi(std::string_view text);
 
+/// The same, but a character that the code page does not have becomes the nearest one where there is
+/// one: "\u0106" reads "C". For texts to show; no name of a file or key, which would become another.
+[[nodiscard]] std::string ToNearestAnsi(std::string_view text);
+
 /// UTF-8 of UTF-16LE bytes (without mark). A lone surrogate or half unit becomes U+FFFD.
 [[nodiscard]] std::string FromUtf16(std::string_view bytes);
 

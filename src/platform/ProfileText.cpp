@@ -1,7 +1,10 @@
 #include "platform/ProfileText.h"
 
+#include "platform/AnsiText.h"
+#include "text/TextCase.h"
+#include "text/Utf8.h"
+
 #include <algorithm>
-#include <iterator>
 
 namespace velmo::platform::ProfileText
 {
@@ -11,9 +14,11 @@ namespace
 constexpr std::string_view kLineEnd = "\r\n";
 
 /// The end-of-file mark of old editors counts as a blank.
-bool IsBlank(char c)
+constexpr std::string_view kBlanks = " \t\v\f\x1A";
+
+std::string_view Trimmed(std::string_view text)
 {
-    return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\x1A';
+    return velmo::Trimmed(text, kBlanks);
 }
 
 bool EndsLine(char c)
@@ -21,25 +26,14 @@ bool EndsLine(char c)
     return c == '\r' || c == '\n';
 }
 
-std::string_view Trimmed(std::string_view text)
+bool IsAscii(std::string_view text)
 {
-    const auto* const begin = std::find_if_not(text.begin(), text.end(), IsBlank);
-    const auto end = std::find_if_not(text.rbegin(), std::make_reverse_iterator(begin), IsBlank);
-    return {begin, end.base()};
-}
-
-char FoldedByte(char c)
-{
-    const auto byte = static_cast<unsigned char>(c);
-    const bool isUpper =
-        (byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7);
-    return isUpper ? static_cast<char>(byte + 0x20) : c;
+    return std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
 bool SameName(std::string_view a, std::string_view b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return FoldedByte(x) == FoldedByte(y); });
+    return EqualInAnyCase(a, b) || (!IsAscii(a) && !IsAscii(b) && Folded(a) == Folded(b));
 }
 
 enum class LineKind
@@ -270,9 +264,8 @@ std::string BlockOf(std::string_view body)
 
 std::string Folded(std::string_view name)
 {
-    std::string folded(Trimmed(name));
-    std::transform(folded.begin(), folded.end(), folded.begin(), FoldedByte);
-    return folded;
+    const std::string_view trimmed = Trimmed(name);
+    return FoldedCase(IsValidUtf8(trimmed) ? std::string(trimmed) : FromAnsi(trimmed));
 }
 
 std::string WithValue(std::string_view text, std::string_view section, std::string_view key,

@@ -16,7 +16,7 @@ namespace velmo
 
 /**
     Items in the order they were added, found by position (from 1) or by key. Keys are compared
-    without regard to case; an item with an empty key is found by its position only. Items stay where
+    without regard to case, in which "Ä" and "ä" are one too; an item with an empty key is found by its position only. Items stay where
     they are in memory until they are removed. One thread at a time.
  */
 template <typename T>
@@ -30,16 +30,16 @@ class KeyedCollection
     /// Appends an item and gives it back; nullptr, and nothing added, when the key is taken.
     T* Add(std::string_view key, T item)
     {
-        std::string lowerKey = LowerCase(key);
-        if (!lowerKey.empty() && m_byKey.contains(lowerKey))
+        std::string foldedKey = FoldedCase(key);
+        if (!foldedKey.empty() && m_byKey.contains(foldedKey))
         {
             return nullptr;
         }
-        m_nodes.push_back(std::make_unique<Node>(Node{std::move(item), std::move(lowerKey)}));
+        m_nodes.push_back(std::make_unique<Node>(Node{std::move(item), std::move(foldedKey)}));
         Node* node = m_nodes.back().get();
-        if (!node->lowerKey.empty())
+        if (!node->foldedKey.empty())
         {
-            m_byKey.emplace(node->lowerKey, node);
+            m_byKey.emplace(node->foldedKey, node);
         }
         return &node->item;
     }
@@ -57,12 +57,12 @@ class KeyedCollection
     /// The item of a key, else nullptr.
     [[nodiscard]] T* Item(std::string_view key)
     {
-        const auto found = m_byKey.find(LowerCase(key));
+        const auto found = m_byKey.find(FoldedCase(key));
         return found == m_byKey.end() ? nullptr : &found->second->item;
     }
     [[nodiscard]] const T* Item(std::string_view key) const
     {
-        const auto found = m_byKey.find(LowerCase(key));
+        const auto found = m_byKey.find(FoldedCase(key));
         return found == m_byKey.end() ? nullptr : &found->second->item;
     }
 
@@ -74,7 +74,7 @@ class KeyedCollection
         if (position >= 1 && position <= Count())
         {
             const auto node = m_nodes.begin() + static_cast<std::ptrdiff_t>(position - 1);
-            m_byKey.erase((*node)->lowerKey);
+            m_byKey.erase((*node)->foldedKey);
             m_nodes.erase(node);
         }
     }
@@ -113,7 +113,7 @@ class KeyedCollection
     struct Node
     {
         T item;
-        std::string lowerKey;
+        std::string foldedKey;
     };
 
     std::deque<std::unique_ptr<Node>> m_nodes;

@@ -2,11 +2,11 @@
 
 #include "platform/AnsiText.h"
 #include "platform/FileReader.h"
+#include "platform/LanguageName.h"
 #include "platform/MFile.h"
 #include "text/ByteView.h"
-#include "version/LanguageName.h"
-#include "version/PeVersionResource.h"
 #include "version/VersionInfoBlock.h"
+#include "version/VersionResource.h"
 
 #include <array>
 #include <cstdint>
@@ -213,7 +213,7 @@ void CFileVersionInfo::SetTexts(const VersionInfoBlock& block)
         return;
     }
     const TranslationCode code = CodeOf(*translation);
-    m_language = LanguageName(code.language);
+    m_language = platform::LanguageName(code.language);
     for (const Text& text : kTexts)
     {
         if (const auto value = block.Value({"StringFileInfo", code.block, text.name}))

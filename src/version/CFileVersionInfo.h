@@ -25,7 +25,8 @@ class TranslationCodeError : public std::runtime_error
     Assign the file's path to FullPathName, then read the other properties; call Refresh to read the
     file anew. A new instance holds empty texts. A refresh sets what it finds and keeps the rest, so
     that for a text that the file does not have, an instance used for several files still holds the
-    text of an earlier one. Texts pass the ANSI code page: a character that it does not have reads "?".
+    text of an earlier one. Texts pass the ANSI code page: a character that it does not have reads as
+    the nearest one that it has, or "?".
 
     Version texts have three groups, as the vendor's version numbers do. The third is the revision
     with at least four digits, or, when the file has a build number (1 to 32767), the build and the
@@ -76,7 +77,7 @@ class CFileVersionInfo
 
     [[nodiscard]] const std::string& InternalName() const { return m_internalName; }
 
-    /// English name of the first translation's language: "German (Germany)".
+    /// The system's name of the first translation's language: "German (Germany)".
     [[nodiscard]] const std::string& Language() const { return m_language; }
 
     [[nodiscard]] const std::string& LegalCopyright() const { return m_legalCopyright; }

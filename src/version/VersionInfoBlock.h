@@ -29,8 +29,8 @@ struct FixedFileInfo
 };
 
 /**
-    A version resource taken apart: a tree of named nodes with the fixed information at its root. Names
-    are compared without regard to case. A damaged node ends the search in its branch: what lies
+    A version resource taken apart: a tree of named nodes with the fixed information at its root, in the
+    layout of 32- and 64-bit executables or in that of 16-bit ones. Names are compared without regard to case. A damaged node ends the search in its branch: what lies
     behind it is absent. Safe for any input. A value; any thread.
  */
 class VersionInfoBlock

@@ -117,6 +117,7 @@ TEST_F(MFileTest, AFullPathHasADriveAndNoDots)
         {"C:\\", "C:\\"},
         {"C:\\..\\..\\a.", "C:\\a"},
         {"C:\\a\\test.. .", "C:\\a\\test"},
+        {"C:\\a.\\b..\\c .\\d", "C:\\a\\b.\\c \\d"},
         {"\\\\host\\share\\x", "\\\\host\\share\\x"},
         {"", ""},
     };

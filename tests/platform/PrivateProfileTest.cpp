@@ -84,7 +84,7 @@ constexpr ValueRow kValues[] = {
     {"\xEF\xBB\xBF[A]\nk=1\n[B]\nk=2\n", "A", "k", kDefault},
     {"\xEF\xBB\xBF[A]\nk=1\n[B]\nk=2\n", "B", "k", "2"},
     {"[\xC4]\n\xD6=\xE4\x80\n", "\xC3\x84", "\xC3\x96", "\xC3\xA4\xE2\x82\xAC"},
-    {"[\xC4]\n\xD6=1\n", "\xC3\xA4", "\xC3\xB6", "1"},
+    {"[\xC4\x8A]\n\xD6\x9E=1\n", "\xC3\xA4\xC5\xA1", "\xC3\xB6\xC5\xBD", "1"},
     {"\xFF\xFE[\0A\0]\0\n\0k\0=\0\xE5\x65\n\0"sv, "A", "k", "\xE6\x97\xA5"},
     {"[\0A\0]\0\n\0k\0=\0v\0\n\0"sv, "A", "k", kDefault},
 };

@@ -36,13 +36,15 @@ TEST(CEntriesTest, AnEntryIsFoundByPositionAndByNameInAnyCase)
     entries.Add("Other", "2");
     EXPECT_EQ(entries.Add("KEY", "again"), nullptr);
     EXPECT_EQ(entries.Count(), 4U);
+    entries.Add("\u00C4rmel", "sleeve");
+    EXPECT_EQ(entries.Item("\u00E4RMEL"), entries.Item(5));
     EXPECT_EQ(entries.Item(1), first);
     EXPECT_EQ(entries.Item("kEY"), first);
     EXPECT_EQ(entries.Item(2)->Value, "without key");
     EXPECT_EQ(entries.Item(""), nullptr);
     EXPECT_EQ(entries.Item("none"), nullptr);
     EXPECT_EQ(entries.Item(std::size_t{0}), nullptr);
-    EXPECT_EQ(entries.Item(5), nullptr);
+    EXPECT_EQ(entries.Item(6), nullptr);
 }
 
 TEST(CEntriesTest, ARemovedEntryFreesItsNameAndMovesTheOthersUp)

@@ -1,4 +1,4 @@
-#include "version/PeVersionResource.h"
+#include "version/VersionResource.h"
 
 #include "platform/MFile.h"
 #include "sample/PeImageWriter.h"

@@ -3,9 +3,10 @@
 #include "sample/PeImageWriter.h"
 #include "tests/support/TemporaryDesktop.h"
 #include "tests/support/windows/WindowsAnswers.h"
+#include "tests/version/NeImage.h"
 #include "version/CFileVersionInfo.h"
-#include "version/PeVersionResource.h"
 #include "version/VersionInfoBlock.h"
+#include "version/VersionResource.h"
 
 #include <gtest/gtest.h>
 
@@ -119,6 +120,7 @@ TEST(VersionDllTest, BothReadTheSameOfCompiledResources)
 TEST(VersionDllTest, BothReadTheSameOfWrittenImages)
 {
     const test::TemporaryDesktop desktop;
+    EXPECT_TRUE(Compare(desktop.Write("old.exe", test::NeImage())));
     sample::VersionResource german;
     german.language = 0x0407;
     german.fileVersion = {1, 2, 3, 4};

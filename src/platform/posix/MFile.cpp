@@ -36,7 +36,8 @@ Result<Done> DoneOr(bool succeeded, const fs::path& path)
     return succeeded ? Result<Done>(Done{}) : SystemError(errno, path);
 }
 
-/// "a\.\b\..\c" without its "." and ".." parts, ".." at the front dropped.
+/// "a\.\b\..\c" without its "." and ".." parts, ".." at the front dropped. As in Windows a folder on the
+/// way loses one dot at its end, and the last part all blanks and dots.
 std::string WithoutDots(std::string_view path)
 {
     std::vector<std::string_view> parts;
@@ -44,7 +45,11 @@ std::string WithoutDots(std::string_view path)
     while (!path.empty())
     {
         const std::size_t end = std::min(path.find_first_of("\\/"), path.size());
-        const std::string_view part = path.substr(0, end);
+        std::string_view part = path.substr(0, end);
+        if (end < path.size() && part.ends_with('.') && part != "." && part != "..")
+        {
+            part.remove_suffix(1);
+        }
         path.remove_prefix(std::min(end + 1, path.size()));
         if (part == ".." && !parts.empty())
         {

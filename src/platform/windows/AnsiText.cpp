@@ -23,6 +23,21 @@ std::wstring WithoutSurrogates(std::wstring wide)
     return wide;
 }
 
+std::string Bytes(std::string_view text, DWORD fit)
+{
+    const bool isUtf8 = GetACP() == CP_UTF8;
+    const std::wstring wide = isUtf8 ? Wide(text) : WithoutSurrogates(Wide(text));
+    // The UTF-8 code page has everything and takes neither the flag nor a default character.
+    const DWORD flags = isUtf8 ? 0 : fit;
+    const char* otherwise = isUtf8 ? nullptr : "?";
+    const int size = static_cast<int>(wide.size());
+    const int n =
+        WideCharToMultiByte(CP_ACP, flags, wide.data(), size, nullptr, 0, otherwise, nullptr);
+    std::string bytes(static_cast<std::size_t>(n), '\0');
+    WideCharToMultiByte(CP_ACP, flags, wide.data(), size, bytes.data(), n, otherwise, nullptr);
+    return bytes;
+}
+
 } // namespace
 
 std::string FromAnsi(std::string_view bytes)
@@ -40,17 +55,12 @@ std::string FromAnsi(std::string_view bytes)
 
 std::string ToAnsi(std::string_view text)
 {
-    const bool isUtf8 = GetACP() == CP_UTF8;
-    const std::wstring wide = isUtf8 ? Wide(text) : WithoutSurrogates(Wide(text));
-    // The UTF-8 code page has everything and takes neither the flag nor a default character.
-    const DWORD flags = isUtf8 ? 0 : WC_NO_BEST_FIT_CHARS;
-    const char* otherwise = isUtf8 ? nullptr : "?";
-    const int size = static_cast<int>(wide.size());
-    const int n =
-        WideCharToMultiByte(CP_ACP, flags, wide.data(), size, nullptr, 0, otherwise, nullptr);
-    std::string bytes(static_cast<std::size_t>(n), '\0');
-    WideCharToMultiByte(CP_ACP, flags, wide.data(), size, bytes.data(), n, otherwise, nullptr);
-    return bytes;
+    return Bytes(text, WC_NO_BEST_FIT_CHARS);
+}
+
+std::string ToNearestAnsi(std::string_view text)
+{
+    return Bytes(text, 0);
 }
 
 } // namespace velmo::platform

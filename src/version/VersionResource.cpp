@@ -1,4 +1,4 @@
-#include "version/PeVersionResource.h"
+#include "version/VersionResource.h"
 
 #include "text/ByteView.h"
 
@@ -73,16 +73,10 @@ std::uint32_t ResourceAddress(ByteView optionalHeader)
     return optionalHeader.U32(directories + kResources * 8);
 }
 
-std::optional<Image> ReadHeaders(const FileReader& file)
+std::optional<Image> ReadHeaders(const FileReader& file, std::uint32_t start)
 {
     constexpr std::size_t kSectionSize = 40;
     constexpr std::size_t kFileHeaderSize = 24; // With the signature.
-    const auto dos = Read(file, 0, 64);
-    if (!dos || !dos->starts_with("MZ"))
-    {
-        return std::nullopt;
-    }
-    const std::uint32_t start = ByteView(*dos).U32(60);
     const auto header = Read(file, start, kFileHeaderSize);
     if (!header || !header->starts_with(std::string_view("PE\0\0", 4)))
     {
@@ -156,11 +150,10 @@ std::optional<std::uint32_t> PreferredLanguage(const std::vector<Entry>& entries
     return entries.empty() ? std::nullopt : std::optional(entries.front().target);
 }
 
-} // namespace
-
-std::optional<std::string> ReadVersionResource(const FileReader& file)
+/// Of a 32- or 64-bit image, whose headers begin at @a headers.
+std::optional<std::string> ReadFromTree(const FileReader& file, std::uint32_t headers)
 {
-    const auto image = ReadHeaders(file);
+    const auto image = ReadHeaders(file, headers);
     if (!image || image->resourceAddress == 0)
     {
         return std::nullopt;
@@ -192,6 +185,53 @@ std::optional<std::string> ReadVersionResource(const FileReader& file)
         return std::nullopt;
     }
     return Read(file, *data, std::min<std::size_t>(ByteView(*place).U32(4), kMostResource));
+}
+
+/// Of a 16-bit image, whose header begins at @a header: a table of types, each followed by its resources.
+std::optional<std::string> ReadFromTable(const FileReader& file, std::uint32_t header)
+{
+    constexpr std::size_t kTypeSize = 8;
+    constexpr std::size_t kResourceSize = 12;
+    constexpr std::uint32_t kIsNumber = 0x8000;
+    constexpr std::uint16_t kGreatestShift = 16;
+    const auto start = Read(file, header + 0x24, 2);
+    std::uint64_t at = std::uint64_t{header} + (start ? ByteView(*start).U16(0) : 0);
+    const auto shift = start ? Read(file, at, 2) : std::nullopt;
+    if (!shift || ByteView(*shift).U16(0) > kGreatestShift)
+    {
+        return std::nullopt;
+    }
+    at += shift->size();
+    for (auto type = Read(file, at, kTypeSize); type && ByteView(*type).U16(0) != 0;
+         type = Read(file, at, kTypeSize))
+    {
+        at += kTypeSize;
+        const auto resource = Read(file, at, kResourceSize);
+        if (resource && ByteView(*type).U16(0) == (kIsNumber | kVersionType))
+        {
+            const auto place = std::uint64_t{ByteView(*resource).U16(0)};
+            const auto size = std::size_t{ByteView(*resource).U16(2)};
+            const std::uint16_t by = ByteView(*shift).U16(0);
+            return Read(file, place << by, std::min(size << by, kMostResource));
+        }
+        at += ByteView(*type).U16(2) * kResourceSize;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<std::string> ReadVersionResource(const FileReader& file)
+{
+    const auto dos = Read(file, 0, 64);
+    if (!dos || !dos->starts_with("MZ"))
+    {
+        return std::nullopt;
+    }
+    const std::uint32_t header = ByteView(*dos).U32(60);
+    const auto signature = Read(file, header, 2);
+    return signature && *signature == "NE" ? ReadFromTable(file, header)
+                                           : ReadFromTree(file, header);
 }
 
 } // namespace velmo
