@@ -2,6 +2,7 @@
 
 #include "platform/ProfileBytes.h"
 #include "platform/ProfileText.h"
+#include "text/TextCase.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -17,7 +18,7 @@ struct Profile::Content
     {
         for (const ProfileText::Section& section : sections)
         {
-            bodies.emplace(ProfileText::Folded(section.name), section.body);
+            bodies.emplace(FoldedCase(bytes.Outward(section.name)), section.body);
         }
     }
     Content(const Content&) = delete;
@@ -39,8 +40,7 @@ Profile::Profile(std::string_view section, std::string_view block)
 
 std::string_view Profile::BodyOf(std::string_view section) const
 {
-    const auto found =
-        m_content->bodies.find(ProfileText::Folded(m_content->bytes.Inward(section)));
+    const auto found = m_content->bodies.find(FoldedCase(Trimmed(section, ProfileText::kBlanks)));
     return found == m_content->bodies.end() ? std::string_view() : found->second;
 }
 
@@ -70,11 +70,12 @@ std::vector<std::pair<std::string, std::string>> Profile::Entries(std::string_vi
 std::vector<std::string> Profile::SectionNames() const
 {
     std::vector<std::string> names;
-    for (const auto& [name, body] : m_content->sections)
+    for (const auto& [part, body] : m_content->sections)
     {
-        if (m_content->bodies.at(ProfileText::Folded(name)).data() == body.data())
+        std::string name = m_content->bytes.Outward(part);
+        if (m_content->bodies.at(FoldedCase(name)).data() == body.data())
         {
-            names.push_back(m_content->bytes.Outward(name));
+            names.push_back(std::move(name));
         }
     }
     return names;

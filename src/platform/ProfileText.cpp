@@ -13,9 +13,6 @@ namespace
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-/// The end-of-file mark of old editors counts as a blank.
-constexpr std::string_view kBlanks = " \t\v\f\x1A";
-
 std::string_view Trimmed(std::string_view text)
 {
     return velmo::Trimmed(text, kBlanks);
@@ -31,9 +28,15 @@ bool IsAscii(std::string_view text)
     return std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
+/// Here the text is bytes: whichever encoding they are in, in one of the two the names are alike.
 bool SameName(std::string_view a, std::string_view b)
 {
-    return EqualInAnyCase(a, b) || (!IsAscii(a) && !IsAscii(b) && Folded(a) == Folded(b));
+    if (IsAscii(a) || IsAscii(b))
+    {
+        return EqualInAnyCase(a, b);
+    }
+    return FoldedCase(FromAnsi(a)) == FoldedCase(FromAnsi(b)) ||
+           (IsValidUtf8(a) && IsValidUtf8(b) && FoldedCase(a) == FoldedCase(b));
 }
 
 enum class LineKind
@@ -260,12 +263,6 @@ std::string BlockOf(std::string_view body)
         }
     }
     return block;
-}
-
-std::string Folded(std::string_view name)
-{
-    const std::string_view trimmed = Trimmed(name);
-    return FoldedCase(IsValidUtf8(trimmed) ? std::string(trimmed) : FromAnsi(trimmed));
 }
 
 std::string WithValue(std::string_view text, std::string_view section, std::string_view key,

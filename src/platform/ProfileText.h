@@ -7,12 +7,14 @@
 
 /**
     The text of a profile file, by the rules of Windows' private-profile functions: pure, any thread.
-    Text is in any encoding that holds ASCII as it is; names are compared without regard to the case of
-    ASCII and of code page 1252. What is not written stays as it is, byte for byte; new lines end in
+    Text is in any encoding that holds ASCII as it is; names are compared without regard to case. What is not written stays as it is, byte for byte; new lines end in
     CRLF. Texts to be written have no line breaks and no NUL.
  */
 namespace velmo::platform::ProfileText
 {
+
+/// What is dropped at both ends of names and values. The end-of-file mark of old editors is one.
+inline constexpr std::string_view kBlanks = " \t\v\f\x1A";
 
 /// A section: its name without brackets, and its lines up to the next header.
 struct Section
@@ -44,10 +46,6 @@ struct Entry
 /// The value of the first such key in the first such section.
 [[nodiscard]] std::optional<std::string_view> Value(std::string_view text, std::string_view section,
                                                     std::string_view key);
-
-/// What stands for a section's or key's name where names are looked up: without blanks at its ends,
-/// its letters in one case.
-[[nodiscard]] std::string Folded(std::string_view name);
 
 /// The text with the value in the key's own line, else after the section's last line, else in a new
 /// section at the end.
