@@ -163,7 +163,10 @@ void ProgramsPage::RestoreState()
 {
     const CINIFileHandler& settings = m_manager.Settings();
     std::optional<double> top;
-    if (!settings.MyGetAppProfileString(kMainWindowSection, kSliderTopKey, "").empty())
+    const std::string stored =
+        settings.MyGetAppProfileString(kMainWindowSection, kSliderTopKey, "");
+    if (!stored.empty() &&
+        stored != settings.MyGetAppProfileString(kMainWindowSection, kSliderDesignKey, ""))
     {
         top = settings.MyGetAppProfileSingle(kMainWindowSection, kSliderTopKey, 0);
     }
@@ -182,8 +185,11 @@ void ProgramsPage::SaveState() const
     handler.SaveSort(list, kProgramListSection, list.SortedColumn());
     if (const auto top = m_splitter->BarTop())
     {
-        m_manager.Settings().MyWriteAppProfileString(kMainWindowSection, kSliderTopKey,
-                                                     std::to_string(std::lround(*top)));
+        const std::string text = std::to_string(std::lround(*top));
+        CINIFileHandler& settings = m_manager.Settings();
+        settings.MyWriteAppProfileString(kMainWindowSection, kSliderTopKey, text);
+        settings.MyWriteAppProfileString(kMainWindowSection, kSliderDesignKey,
+                                         m_splitter->IsPut() ? "" : text);
     }
 }
 

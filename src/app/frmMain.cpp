@@ -10,7 +10,6 @@
 #include "app/WindowSettings.h"
 #include "platform/MessageLoop.h"
 #include "text/TextCase.h"
-#include "ui/CFormHandler.h"
 #include "ui/WxText.h"
 #include "updates/StartupCheck.h"
 
@@ -45,7 +44,8 @@ frmMain::frmMain(UpdateManager& manager, UpdateWindows& windows, platform::Messa
     : FrameOfClass(kMainWindowClass, kMainWindowCaption, "frmMain", kDefaultSize,
                    kDefaultCharacters),
       m_manager(manager), m_windows(windows), m_loop(loop),
-      m_menu(*this, manager, windows, [this](std::size_t tab) { m_tabs->SetSelection(tab); })
+      m_menu(*this, manager, windows, [this](std::size_t tab) { m_tabs->SetSelection(tab); }),
+      m_place(manager.Settings(), kMainWindowSection)
 {
     SetMinSize(FromDIP(kLeastSize));
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
@@ -187,7 +187,7 @@ bool frmMain::IsBlocked() const
 
 void frmMain::RestoreState()
 {
-    CFormHandler(m_manager.Settings(), kMainWindowSection).Restore(*this);
+    m_place.Restore(*this);
     Layout();
     m_programs->RestoreState();
     m_connect->ShowAutoConnect();
@@ -196,7 +196,7 @@ void frmMain::RestoreState()
 void frmMain::SaveState()
 {
     m_manager.DeleteLists();
-    CFormHandler(m_manager.Settings(), kMainWindowSection).Save(*this);
+    m_place.Save(*this);
     m_programs->SaveState();
 }
 

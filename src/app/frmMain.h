@@ -2,6 +2,7 @@
 
 #include "app/MainMenu.h"
 #include "manager/UpdateManager.h"
+#include "ui/CFormHandler.h"
 #include "ui/FrameOfClass.h"
 #include "ui/OpenDialogs.h"
 
@@ -58,6 +59,7 @@ class frmMain final : public FrameOfClass
     UpdateWindows& m_windows;
     platform::MessageLoop& m_loop;
     MainMenu m_menu;
+    CFormHandler m_place;
     wxBookCtrlBase* m_tabs = nullptr;
     ProgramsPage* m_programs = nullptr;
     EquipmentPage* m_equipment = nullptr;

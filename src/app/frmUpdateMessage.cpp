@@ -1,7 +1,6 @@
 #include "app/frmUpdateMessage.h"
 
 #include "settings/CINIFileHandler.h"
-#include "ui/CFormHandler.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -22,7 +21,7 @@ constexpr int kTextWidth = 60; ///< In characters.
 frmUpdateMessage::frmUpdateMessage(wxWindow* parent, CINIFileHandler& settings,
                                    const std::string& question, std::string_view title,
                                    std::function<void(wxWindow* parent)> setOptions)
-    : Dialog(parent, std::string(title), "frmUpdateMessage"), m_settings(settings)
+    : Dialog(parent, std::string(title), "frmUpdateMessage"), m_place(settings, kSection)
 {
     wxStaticText* instructions = NewText("lblInstructions", question);
     Wrap(*instructions, kTextWidth * GetCharWidth());
@@ -38,12 +37,12 @@ frmUpdateMessage::frmUpdateMessage(wxWindow* parent, CINIFileHandler& settings,
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(instructions, wxSizerFlags(1).Expand());
     Arrange(content, {options}, {yes, no});
-    CFormHandler(m_settings, kSection).RestorePosition(*this);
+    m_place.RestorePosition(*this);
 }
 
 frmUpdateMessage::~frmUpdateMessage()
 {
-    CFormHandler(m_settings, kSection).Save(*this);
+    m_place.Save(*this);
 }
 
 } // namespace velmo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/CFormHandler.h"
 #include "ui/Dialog.h"
 
 #include <functional>
@@ -22,7 +23,7 @@ class frmUpdateMessage final : public Dialog
     ~frmUpdateMessage() override;
 
   private:
-    CINIFileHandler& m_settings;
+    CFormHandler m_place;
 };
 
 } // namespace velmo

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace velmo
 {
@@ -100,6 +101,37 @@ void CFormHandler::Place(wxTopLevelWindow& window, bool withSize) const
         wanted = wanted.CentreIn(screen);
     }
     window.SetSize(FitInto(wanted, screen));
+    Follow(window);
+}
+
+void CFormHandler::Follow(wxTopLevelWindow& window) const
+{
+    window.Bind(wxEVT_SHOW, [place = m_place](wxShowEvent& event) {
+        event.Skip();
+        place->isShown = event.IsShown();
+    });
+    const auto note = [&window, place = m_place](wxEvent& event) {
+        event.Skip();
+        const wxRect now = window.GetRect();
+        if (window.IsMaximized() || window.IsIconized() || now.width < window.GetMinSize().x)
+        {
+            return;
+        }
+        // A window manager may show it elsewhere, and take that for its place: what comes before the
+        // window has the keyboard is not the person's doing.
+        if (place->isShown && !place->isSeen)
+        {
+            place->isSeen = window.IsActive();
+            if (place->isSeen && now != place->rectangle)
+            {
+                window.CallAfter([&window, wanted = place->rectangle] { window.SetSize(wanted); });
+            }
+            return;
+        }
+        place->rectangle = now;
+    };
+    window.Bind(wxEVT_SIZE, note);
+    window.Bind(wxEVT_MOVE, note);
 }
 
 void CFormHandler::Save(const wxTopLevelWindow& window) const
@@ -109,11 +141,11 @@ void CFormHandler::Save(const wxTopLevelWindow& window) const
         return;
     }
     Write("State", window.IsMaximized() ? kMaximised : 0);
-    if (window.IsMaximized())
+    const wxRect place = window.IsMaximized() ? m_place->rectangle : window.GetRect();
+    if (place.IsEmpty())
     {
         return;
     }
-    const wxRect place = window.GetRect();
     Write("Left", TwipsOfPixels(window, place.x));
     Write("Top", TwipsOfPixels(window, place.y));
     Write("Width", TwipsOfPixels(window, place.width));

@@ -2,8 +2,9 @@
 
 #include "ui/Twips.h"
 
+#include <wx/display.h>
+
 #include <algorithm>
-#include <utility>
 
 namespace velmo
 {
@@ -17,6 +18,17 @@ constexpr double kDesignPart = 0.62;
 
 /// Sizes below this are the toolkit's first guesses, before the window is laid out.
 constexpr int kLeastRealHeight = 120;
+
+/// Pixels from the top of the highest display to the bottom of the lowest.
+int HeightOfAllDisplays()
+{
+    wxRect all;
+    for (unsigned i = 0; i < wxDisplay::GetCount(); ++i)
+    {
+        all.Union(wxDisplay(i).GetGeometry());
+    }
+    return all.height;
+}
 
 } // namespace
 
@@ -34,12 +46,7 @@ CHorizontalSplitter::CHorizontalSplitter(wxWindow* parent, const wxString& name)
     Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [this](wxSplitterEvent& event) {
         // Only the person's dragging is told here, not the toolkit's own moves while it lays out.
         event.SetSashPosition(WithinMargins(event.GetSashPosition()));
-        m_wanted = TwipsOfPixels(*this, event.GetSashPosition());
-        m_settled = true;
-    });
-    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
-        event.Skip();
-        SettleWhenQuiet();
+        Put(event.GetSashPosition());
     });
     Bind(wxEVT_SPLITTER_DOUBLECLICKED, [](wxSplitterEvent& event) { event.Veto(); });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -51,6 +58,10 @@ CHorizontalSplitter::CHorizontalSplitter(wxWindow* parent, const wxString& name)
 void CHorizontalSplitter::Init(wxWindow* above, wxWindow* below, std::optional<double> barTop)
 {
     m_wanted = barTop;
+    if (barTop)
+    {
+        m_wanted = UsableBarTop(*barTop, TwipsOfPixels(*this, HeightOfAllDisplays()));
+    }
     SplitHorizontally(above, below);
     RefreshBar();
 }
@@ -64,9 +75,10 @@ void CHorizontalSplitter::RefreshBar()
     }
     const double innerHeight = TwipsOfPixels(*this, height);
     double top = m_wanted.value_or(innerHeight * kDesignPart);
-    if (!m_settled)
+    // A window gets its size in several steps, and the last, a maximised one's, may come late.
+    m_fitted = m_fitted || UsableBarTop(top, innerHeight) == top;
+    if (!m_fitted)
     {
-        // In the next size of the first layout the stored position may be usable.
         top = UsableBarTop(top, innerHeight);
     }
     const int position = WithinMargins(PixelsOfTwips(*this, top));
@@ -77,24 +89,21 @@ void CHorizontalSplitter::RefreshBar()
     }
 }
 
-void CHorizontalSplitter::SettleWhenQuiet()
+void CHorizontalSplitter::MoveByLines(int lines)
 {
-    const int height = GetClientSize().GetHeight();
-    if (m_settled || !m_placed || !IsShownOnScreen() ||
-        std::exchange(m_heightAtIdle, height) != height)
-    {
-        return;
-    }
-    m_settled = true;
-    if (m_wanted)
-    {
-        m_wanted = UsableBarTop(*m_wanted, TwipsOfPixels(*this, height));
-    }
+    Put(WithinMargins(GetSashPosition() + lines * GetCharHeight()));
+    RefreshBar();
+}
+
+void CHorizontalSplitter::Put(int position)
+{
+    m_wanted = TwipsOfPixels(*this, position);
+    m_fitted = true;
 }
 
 std::optional<double> CHorizontalSplitter::BarTop() const
 {
-    return m_placed ? TwipsOfPixels(*this, GetSashPosition()) : m_wanted;
+    return m_placed && !m_wanted ? TwipsOfPixels(*this, GetSashPosition()) : m_wanted;
 }
 
 int CHorizontalSplitter::WithinMargins(int position) const

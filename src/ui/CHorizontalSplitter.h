@@ -9,9 +9,9 @@ namespace velmo
 
 /**
     A bar between the control above it and the control below it in one container. The person drags
-    it. When the container is resized, it stays where it was put, or at its part of the height as
-    long as it was put nowhere, and within its two margins. Positions are twips from the container's top
-    (Twips.h).
+    it, or moves it by keys. When the container is resized, it stays where it was put, or at its part of
+    the height as long as it was put nowhere, and within its two margins. Positions are twips from the
+    container's top (Twips.h).
  */
 class CHorizontalSplitter final : public wxSplitterWindow
 {
@@ -20,14 +20,22 @@ class CHorizontalSplitter final : public wxSplitterWindow
     CHorizontalSplitter(wxWindow* parent, const wxString& name);
 
     /// Puts the two controls in place, with the bar at @a barTop, or at its design position for none.
-    /// A position that is negative or not above the container's bottom becomes 600.
+    /// A position that is negative or below every display becomes 600; one that the container is too
+    /// small for is 600 until there has been room for it.
     void Init(wxWindow* above, wxWindow* below, std::optional<double> barTop);
 
     /// Puts the bar where it belongs in the container's present size.
     void RefreshBar();
 
-    /// Where the bar stands; before it has its place, where it was put.
+    /// The person moves the bar down by so many lines of text, up by a negative number.
+    void MoveByLines(int lines);
+
+    /// Where the bar was put, also while a small container holds it elsewhere; where it stands when it
+    /// was put nowhere; nothing before it has its place.
     [[nodiscard]] std::optional<double> BarTop() const;
+
+    /// Whether the bar was put where it is, rather than being at its design position.
+    [[nodiscard]] bool IsPut() const { return m_wanted.has_value(); }
 
     /// Height of the bar in pixels.
     [[nodiscard]] int BarHeight() const { return GetSashSize(); }
@@ -37,12 +45,11 @@ class CHorizontalSplitter final : public wxSplitterWindow
     int MinimumSplitterBarBottomMargin = 60;
 
   private:
-    void SettleWhenQuiet();
+    void Put(int position);
     [[nodiscard]] int WithinMargins(int position) const;
 
-    bool m_placed = false;  ///< Not before the container has its first real size.
-    bool m_settled = false; ///< The window's first layout is over, or a person moved the bar.
-    int m_heightAtIdle = 0;
+    bool m_placed = false;          ///< Not before the container has its first real size.
+    bool m_fitted = false;          ///< There has been room for the bar where it was put.
     std::optional<double> m_wanted; ///< Where the bar was put; nothing: at its design position.
 };
 

@@ -156,10 +156,14 @@ TEST(MainWindowTest, ClosingDeletesTheListsAndRemembersTheWindow)
     EXPECT_NE(desktop.Setting("Program List", "ColumnHeaderWidth5"), "(none)");
     EXPECT_EQ(desktop.Setting("Program List", "ColumnHeaderWidth6"), "(none)");
     EXPECT_NE(desktop.Setting("Main Window", "SliderTopPrograms"), "(none)");
+    EXPECT_EQ(desktop.Setting("Main Window", "SliderTopPrograms"),
+              desktop.Setting("Main Window", "SliderTopDesign"));
     EXPECT_EQ(desktop.Setting("Main Window", "State"), "0");
 
     WindowUnderTest again;
     EXPECT_EQ(again.window->GetSize(), wxSize(900, 640));
+    EXPECT_FALSE(again.Find<CHorizontalSplitter>("fraSplitterProgram").IsPut())
+        << "nobody did: it follows the window's size";
     EXPECT_EQ(again.manager.Programs().List().Columns()[0].width, 2550);
 }
 
@@ -228,8 +232,36 @@ TEST(MainWindowTest, ABarThatAPersonPutComesBackAfterASmallWindow)
         return splitter.GetClientSize().y < place && splitter.GetSashPosition() < place;
     });
     EXPECT_GT(splitter.GetSashPosition(), 40) << "as far down as there is room";
-    test.window->SetSize(1000, 900);
-    test.WaitFor("the bar", [&] { return splitter.GetSashPosition() == place; });
+    test.window->Close();
+    EXPECT_EQ(desktop.Setting("Main Window", "SliderTopPrograms"), std::to_string(place * 15));
+
+    WindowUnderTest again;
+    again.window->SetSize(1000, 600);
+    again.window->Open("");
+    auto& later = again.Find<CHorizontalSplitter>("fraSplitterProgram");
+    again.WaitFor("too little room", [&] { return later.GetSashPosition() == 40; });
+    again.window->SetSize(1000, 900);
+    again.WaitFor("the bar", [&] { return later.GetSashPosition() == place; });
+}
+
+TEST(MainWindowTest, AWindowThatIsClosedMaximisedKeepsThePlaceItHadBefore)
+{
+    const WindowDesktop desktop;
+    desktop.WriteSettings(std::string(kNoAutoConnect) +
+                          "[Main Window]\r\nState=2\r\nLeft=900\r\n"
+                          "Top=600\r\nWidth=13500\r\nHeight=9600\r\n");
+    WindowUnderTest test;
+    test.window->Open("");
+    test.WaitFor("maximised", [&] { return test.window->GetSize().x > 1200; });
+    test.window->Maximize(false);
+    const wxRect before(60, 40, 900, 640);
+    test.WaitFor("its place", [&] { return test.window->GetRect() == before; });
+    test.window->Maximize();
+    test.WaitFor("maximised again", [&] { return test.window->GetSize().x > 1200; });
+    test.window->Close();
+    EXPECT_EQ(desktop.Setting("Main Window", "State"), "2");
+    EXPECT_EQ(desktop.Setting("Main Window", "Left"), "900");
+    EXPECT_EQ(desktop.Setting("Main Window", "Height"), "9600");
 }
 
 TEST(MainWindowTest, DatabasesAreShownToThoseWhoAskForThem)
