@@ -1,6 +1,5 @@
 #include "access/AccessFile.h"
 
-#include "platform/ErrorCode.h"
 #include "platform/MFile.h"
 #include "tests/support/TestSystem.h"
 
@@ -8,11 +7,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstring>
-#include <random>
 #include <sstream>
-#include <tuple>
 #include <vector>
 
 namespace velmo
@@ -25,8 +20,8 @@ using test::TestDataPath;
 
 std::string StateText(State state)
 {
-    constexpr std::array kTexts{"value", "null", "no rows", "no table", "no field"};
-    return kTexts.at(static_cast<std::size_t>(state));
+    return std::array{"value", "null", "no rows", "no table", "no field"}.at(
+        static_cast<std::size_t>(state));
 }
 
 /// Long texts are listed as their first 60 characters and "...{N characters, ...}".
@@ -102,41 +97,32 @@ TEST(AccessFileTest, EveryFieldOfTheSoundFilesReadsAsListed)
 
 TEST(AccessFileTest, FilesThatAreDamagedOrClosedGiveTheirError)
 {
-    constexpr auto kDamaged = error_code::kFileDamaged;
-    constexpr auto kNoAccessFile = error_code::kBadFormat;
-    const std::pair<const char*, std::int32_t> cases[] = {
-        {"zero_bytes.mdb", kNoAccessFile},
-        {"text_file.mdb", kNoAccessFile},
-        {"wrong_magic.mdb", kNoAccessFile},
-        {"cut_in_first_page.mdb", kDamaged},
-        {"cut_after_first_page.mdb", kDamaged},
-        {"cut_in_catalogue_definition.mdb", kDamaged},
-        {"zeroed_table_page.mdb", kDamaged},
-        {"table_page_out_of_range.mdb", kDamaged},
-        {"definition_chain_cycle.mdb", kDamaged},
-        {"overflow_row_to_itself.mdb", kDamaged},
-        {"password.mdb", error_code::kWrongPassword},
-        {"encoded_rc4.mdb", error_code::kFileEncoded}};
-    for (const auto& [file, code] : cases)
+    constexpr std::pair<const char*, const char*> kCases[] = {
+        {"zero_bytes", "error 11"},
+        {"text_file", "error 11"},
+        {"wrong_magic", "error 11"},
+        {"cut_in_first_page", "error 1392"},
+        {"cut_after_first_page", "error 1392"},
+        {"zeroed_table_page", "error 1392"},
+        {"table_page_out_of_range", "error 1392"},
+        {"definition_chain_cycle", "error 1392"},
+        {"overflow_row_to_itself", "error 1392"},
+        {"cut_in_catalogue_definition", "error 1392"},
+        {"password", "error 86"},
+        {"encoded_rc4", "error 6002"}};
+    for (const auto& [file, error] : kCases)
     {
-        SCOPED_TRACE(file);
-        EXPECT_EQ(ReadField(AccessFile::Open(TestDataPath(std::string("access/broken/") + file)),
-                            "Header", "ReleaseDate"),
-                  "error " + std::to_string(code));
+        EXPECT_EQ(ReadReleaseDate(Bytes(std::string("access/broken/") + file + ".mdb")), error)
+            << file;
     }
     EXPECT_EQ(AccessFile::Open(TestDataPath("access/equipment/nowhere.mdb")).Failure().code, 2);
 }
 
 TEST(AccessFileTest, ANewerDatabaseWithAKeyOrAVersionThatDoesNotExistYetIsRefused)
 {
-    constexpr std::tuple<std::size_t, char, const char*> kChanges[] = {{0x3E, '\x5A', "error 86"},
-                                                                       {0x14, '\x09', "error 11"}};
-    for (const auto& [place, byte, error] : kChanges)
-    {
-        std::string bytes = Bytes("access/equipment/plain_datetime_v2007.accdb");
-        bytes.at(place) = byte;
-        EXPECT_EQ(ReadReleaseDate(bytes), error);
-    }
+    const std::string bytes = Bytes("access/equipment/plain_datetime_v2007.accdb");
+    EXPECT_EQ(ReadReleaseDate(std::string(bytes).replace(0x3E, 1, "\x5A")), "error 86");
+    EXPECT_EQ(ReadReleaseDate(std::string(bytes).replace(0x14, 1, "\x09")), "error 11");
 }
 
 /// Sound files with all that a reader follows: maps of both kinds, moved rows, chained definitions
@@ -188,42 +174,6 @@ TEST(AccessFileTest, AFileCutAnywhereEndsInAValueOrAnError)
             ReadDamaged({cut.data(), cut.size()});
         }
         EXPECT_EQ(ReadDamaged(std::string_view(bytes).substr(0, 3 * 2048 - 1)), 0);
-    }
-}
-
-TEST(AccessFileTest, AFileWithWrongBytesEndsInAValueOrAnError)
-{
-    constexpr int kDamagesPerPage = 25;
-    std::mt19937 random(20050409);
-    for (const char* file : kFilesToDamage)
-    {
-        SCOPED_TRACE(file);
-        std::string bytes = Bytes(std::string("access/") + file);
-        ASSERT_FALSE(bytes.empty());
-        const int whole = ReadDamaged(bytes);
-        const std::size_t pageSize = bytes[0x14] == 0 ? 2048 : 4096;
-        int spoilt = 0;
-        for (std::size_t page = 0; page + pageSize <= bytes.size(); page += pageSize)
-        {
-            // Index pages are never looked at; damage to them would show nothing.
-            const bool isRead =
-                page == 0 || bytes[page] == 1 || bytes[page] == 2 || bytes[page] == 5;
-            for (int i = 0; isRead && i < kDamagesPerPage; ++i)
-            {
-                // Most structure is at a page's start (head, offsets) and end (rows, null masks).
-                const std::array<std::size_t, 3> places = {random() % 96, random() % (pageSize - 4),
-                                                           pageSize - 4 - random() % 200};
-                const std::size_t place = page + places[random() % places.size()];
-                const std::string before = bytes.substr(place, 1 + random() % 4);
-                const std::array<std::uint_fast32_t, 8> words = {
-                    0, 1, 0x7F, 0xFFFF, 0x7FFFFFFF, 0xFFFFFFFF, random(), random()};
-                const auto word = words[random() % words.size()];
-                std::memcpy(&bytes[place], &word, before.size());
-                spoilt += ReadDamaged(bytes) < whole ? 1 : 0;
-                bytes.replace(place, before.size(), before);
-            }
-        }
-        EXPECT_GT(spoilt, 0);
     }
 }
 

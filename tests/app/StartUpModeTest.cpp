@@ -2,13 +2,11 @@
 #include "platform/HeadlessLoop.h"
 #include "platform/MFile.h"
 #include "platform/Processes.h"
-#include "sample/SampleImage.h"
 #include "tests/support/FaultServer.h"
 #include "tests/support/LoopbackSocket.h"
-#include "tests/support/TemporaryDesktop.h"
+#include "tests/support/ProgramDesktop.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <stdexcept>
@@ -25,19 +23,14 @@ constexpr char kVersionListPath[] = "/pub/demo/version.ini";
 constexpr char kUpToDate[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=15\r\n";
 
 /// A desktop with Loadcalc 8, which starts the update manager and wants equipment checked too.
-class StartUpModeTest : public testing::Test
+class StartUpModeTest : public test::ProgramDesktop
 {
   protected:
     StartUpModeTest()
     {
-        m_desktop.SetWinIniFolder("CommonDirectory", m_desktop.Folder());
-        m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
         m_desktop.SetPolicy("WebServer", m_server.Url(""));
-        m_desktop.Write(
-            "Loadcalc8.exe",
-            sample::WriteSampleImage({"Loadcalc", "Loadcalc", "Loadcalc8.exe", {8, 2, 15}}));
-        m_desktop.Write("VelmoUpd.ini",
-                        "[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
+        Install({8, 2, 15});
+        WriteSettings("[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
         m_server.Serve(kVersionListPath, kUpToDate);
         m_server.Serve("/pub/demo/manufver.ini", "[Coils]\r\nNumberOfMDBFiles=0\r\n");
     }
@@ -46,11 +39,7 @@ class StartUpModeTest : public testing::Test
     {
         const auto started = platform::StartProgram(MFile::FromCommandLine(VELMO_PROGRAM),
                                                     arguments, platform::WindowState::Normal);
-        if (!started)
-        {
-            throw std::runtime_error(started.Failure().description);
-        }
-        return started.Value();
+        return started ? started.Value() : throw std::runtime_error(started.Failure().description);
     }
 
     int ExitCodeOf(const platform::StartedProgram& program)
@@ -59,14 +48,7 @@ class StartUpModeTest : public testing::Test
         return program.ExitCode().value_or(-1);
     }
 
-    [[nodiscard]] std::string Log() const
-    {
-        const auto log = MFile::ReadAll(m_desktop.Folder() + "VelmoUpd.log");
-        return log ? log.Value() : std::string();
-    }
-
     FaultServer m_server;
-    const test::TemporaryDesktop m_desktop;
     platform::HeadlessLoop m_loop;
 };
 
@@ -86,11 +68,10 @@ TEST_F(StartUpModeTest, WithNothingToSayTheProgramEndsAndLeavesNothing)
     EXPECT_EQ(m_server.CountOf("/pub/demo/manufver.ini"), 1);
     EXPECT_FALSE(MFile::FileExists(ProgramsLists().versionList));
     EXPECT_FALSE(MFile::FileExists(ProgramsLists().manufacturerList));
-    EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"),
-              "[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n"
-              "CanCallCheckUpOnStartup=1 'True\r\n")
+    EXPECT_EQ(Settings(), "[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n"
+                          "CanCallCheckUpOnStartup=1 'True\r\n")
         << "the caller's mark, and no window's place";
-    EXPECT_EQ(Log(), "");
+    EXPECT_EQ(LogText(), "");
 }
 
 TEST_F(StartUpModeTest, ASecondRunEndsSilentlyWhileTheFirstOneLooks)
@@ -106,18 +87,14 @@ TEST_F(StartUpModeTest, ASecondRunEndsSilentlyWhileTheFirstOneLooks)
     EXPECT_EQ(ExitCodeOf(first), 0);
 }
 
-TEST_F(StartUpModeTest, AServerThatCannotBeReachedIsOneLineInTheLog)
-{
-    m_desktop.SetPolicy("WebServer", "http://127.0.0.1:" + std::to_string(test::ClosedPort()));
-    EXPECT_EQ(ExitCodeOf(Start("/startup loadcalc 8")), 0);
-    EXPECT_THAT(Log(), testing::HasSubstr("version.ini"));
-    EXPECT_EQ(std::ranges::count(Log(), '\n'), 1);
-}
-
-TEST_F(StartUpModeTest, ARunWithoutACallerAsksNobody)
+TEST_F(StartUpModeTest, AServerThatCannotBeReachedIsOneLineInTheLogAndWithoutACallerItIsNotAsked)
 {
     EXPECT_EQ(ExitCodeOf(Start("STARTUP")), 0);
     EXPECT_TRUE(m_server.Requests().empty());
+    m_desktop.SetPolicy("WebServer", "http://127.0.0.1:" + std::to_string(test::ClosedPort()));
+    EXPECT_EQ(ExitCodeOf(Start("/startup loadcalc 8")), 0);
+    EXPECT_THAT(LogText(), testing::HasSubstr("version.ini"));
+    EXPECT_EQ(std::ranges::count(LogText(), '\n'), 1);
 }
 
 } // namespace

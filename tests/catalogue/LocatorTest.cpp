@@ -52,6 +52,16 @@ class LocatorTest : public testing::Test
         return parts;
     }
 
+    /// What the log says after the launch of a program.
+    std::string Launch(std::int32_t number = 7)
+    {
+        m_desktop.Write("locator.log", "");
+        auto locator = Locator();
+        locator.Launch(number);
+        EXPECT_EQ(ErrorSource(locator), "");
+        return m_desktop.Read("locator.log");
+    }
+
     const test::TemporaryDesktop m_desktop;
     DiagnosticLog m_log{m_desktop.Folder() + "locator.log"};
     test::RecordedPrompts m_prompts;
@@ -59,6 +69,22 @@ class LocatorTest : public testing::Test
 
 TEST_F(LocatorTest, FoldersComeFromWinIniElseFromTheUsersSettings)
 {
+    // Without a common folder what lies in it has none; other numbers are an error.
+    for (const auto& [number, isKnown] : {std::pair(0, true),
+                                          {19, true},
+                                          {28, true},
+                                          {30, true},
+                                          {31, true},
+                                          {-1, false},
+                                          {15, false},
+                                          {32, false},
+                                          {INT32_MAX, false}})
+    {
+        auto locator = Locator();
+        EXPECT_EQ(locator.FolderName(number), "");
+        EXPECT_EQ(ErrorSource(locator), isKnown ? "" : "CVelmoProgramCommunicator::FolderName")
+            << number;
+    }
     m_desktop.SetWinIniFolder("CommonDirectory", "C:\\Velmo");
     m_desktop.SetWinIniFolder("AirflowDirectory", "C:\\Prog");
     m_desktop.SetUserFolder("AirflowDirectory", "C:\\Other");
@@ -66,50 +92,29 @@ TEST_F(LocatorTest, FoldersComeFromWinIniElseFromTheUsersSettings)
     m_desktop.SetUserFolder("LoadcalcDirectory", "C:\\Calc");
     m_desktop.SetWinIniFolder("DefaultManufacturer", "Arbor Works");
     m_desktop.SetWinIniFolder("CatalogDirectory", "C:\\Catalog");
-    constexpr struct
-    {
-        std::int32_t number;
-        const char* folder;
-        const char* executable; ///< nullptr: an error.
-    } kRows[] = {
-        {0, "C:\\Velmo\\", nullptr},
+    constexpr std::tuple<std::int32_t, const char*, const char*> kRows[] = {
+        {0, "C:\\Velmo\\", ""}, // No executable: an error.
         {1, "C:\\Prog\\", "Airflow3.exe"},
         {3, "C:\\Calc\\", "Loadcalc7.exe"},
         {12, "C:\\Calc\\", "Loadcalc8.exe"},
-        {13, "Arbor Works", nullptr},
+        {13, "Arbor Works", ""},
         {14, "D:\\Roof\\", "Rooftop.exe"},
         {17, "", "Splitpair.exe"},
-        {19, "C:\\Velmo\\", nullptr},
+        {19, "C:\\Velmo\\", ""},
         {28, "C:\\Velmo\\Document\\", "Document.exe"},
         {29, "C:\\Catalog\\", "VelmoCatalog.ocx"},
         {30, "C:\\Velmo\\Bill of Materials\\", "Billofmat.exe"},
         {31, "C:\\Velmo\\", "VelmoUpd.exe"},
     };
-    for (const auto& row : kRows)
-    {
-        SCOPED_TRACE(row.number);
-        auto locator = Locator();
-        EXPECT_EQ(locator.FolderName(row.number), row.folder);
-        EXPECT_EQ(ErrorSource(locator), "");
-        const bool hasExecutable = row.executable != nullptr;
-        EXPECT_EQ(locator.GetEXEFileName(row.number),
-                  row.folder + std::string(hasExecutable ? row.executable : ""));
-        EXPECT_EQ(ErrorSource(locator),
-                  hasExecutable ? "" : "CVelmoProgramCommunicator::GetEXEFileName");
-    }
-}
-
-TEST_F(LocatorTest, WithoutACommonFolderWhatLiesInItHasNoneAndOtherNumbersAreAnError)
-{
-    constexpr std::pair<std::int32_t, bool> kRows[] = {
-        {0, true},   {19, true},  {28, true},  {30, true},        {31, true},
-        {-1, false}, {15, false}, {32, false}, {INT32_MAX, false}};
-    for (const auto& [number, isKnown] : kRows)
+    for (const auto& [number, folder, executable] : kRows)
     {
         SCOPED_TRACE(number);
         auto locator = Locator();
-        EXPECT_EQ(locator.FolderName(number), "");
-        EXPECT_EQ(ErrorSource(locator), isKnown ? "" : "CVelmoProgramCommunicator::FolderName");
+        EXPECT_EQ(locator.FolderName(number), folder);
+        EXPECT_EQ(ErrorSource(locator), "");
+        EXPECT_EQ(locator.GetEXEFileName(number), std::string(folder) + executable);
+        EXPECT_EQ(ErrorSource(locator),
+                  *executable != '\0' ? "" : "CVelmoProgramCommunicator::GetEXEFileName");
     }
 }
 
@@ -134,23 +139,18 @@ TEST_F(LocatorTest, VersionsAreSplitIntoThreeNumbers)
                                       .strings = {{u"040904B0", {{u"FileVersion", text}}}}};
         EXPECT_EQ(FileVersion(12, &version), expected);
     }
+    m_desktop.SetWinIniFolder("WiringDirectory", "C:\\velmo-none");
+    m_desktop.Write("Loadcalc8.exe", "no program");
+    for (const std::int32_t number : {-1, 0, 4, 12, 13, 26}) // Without a version outputs stay.
+    {
+        EXPECT_EQ(FileVersion(number), (Parts{kKept, kKept, kKept})) << number;
+    }
     const VersionResource faulty{.fileVersion = {8, 2, 0, 15}, .translations = {{0, 1200}}};
     EXPECT_EQ(FileVersion(12, &faulty), (Parts{8, 2, 15})) << "the translation names no texts";
     auto locator = Locator();
     Parts parts{};
     locator.SetFileVersion(12, parts[0], parts[1], parts[2]);
     EXPECT_EQ(ErrorSource(locator), "CVelmoProgramCommunicator::SetFileVersion");
-}
-
-TEST_F(LocatorTest, WithoutAVersionTheOutputsStay)
-{
-    m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
-    m_desktop.SetWinIniFolder("WiringDirectory", "C:\\velmo-none");
-    m_desktop.Write("Loadcalc8.exe", "no program");
-    for (const std::int32_t number : {-1, 0, 4, 12, 13, 26})
-    {
-        EXPECT_EQ(FileVersion(number), (Parts{kKept, kKept, kKept})) << number;
-    }
 }
 
 TEST_F(LocatorTest, OfTwoIniFilesTheNewerIsRead)
@@ -257,6 +257,46 @@ TEST_F(LocatorTest, AFolderIsWrittenToBothStores)
     }
     EXPECT_EQ(winIni("CommonDirectory"), "C:\\Velmo");
     EXPECT_EQ(winIni("CatalogDirectory") + user("CatalogDirectory"), "");
+}
+
+TEST_F(LocatorTest, AMissingProgramIsANotice)
+{
+    // The second time its folder is known, but empty.
+    for (const char* folder : {"", m_desktop.Folder().c_str()})
+    {
+        m_desktop.SetWinIniFolder("PsychrochartDirectory", folder);
+        Launch();
+    }
+    ASSERT_EQ(m_prompts.notices.size(), 2U);
+    for (const auto& notice : m_prompts.notices)
+    {
+        EXPECT_EQ(notice.icon, PromptIcon::Information);
+        EXPECT_EQ(notice.title, "Psychrochart Not Found");
+    }
+    // Without a folder the current one is not searched.
+    m_desktop.SetWinIniFolder("PsychrochartDirectory", "");
+    const std::string stray = m_desktop.Write(MFile::FullPath("Psychrochartw.exe"), "no program");
+    EXPECT_EQ(Launch(), "");
+    EXPECT_EQ(m_prompts.notices.size(), 3U);
+    EXPECT_TRUE(MFile::DeleteIfExists(stray));
+}
+
+TEST_F(LocatorTest, TheProgramIsStartedElseItsPreviousGeneration)
+{
+    m_desktop.SetWinIniFolder("PsychrochartDirectory", m_desktop.Folder());
+    m_desktop.Write("Psychrochart.exe", "no program");
+    EXPECT_NE(Launch().find("\\Psychrochart.exe"), std::string::npos);
+    m_desktop.WriteProgram("Psychrochart.exe");
+    EXPECT_EQ(Launch(), "");
+    m_desktop.Write("Psychrochartw.exe", "no program");
+    EXPECT_NE(Launch().find("\\Psychrochartw.exe"), std::string::npos);
+    m_desktop.WriteProgram("Psychrochartw.exe");
+    EXPECT_EQ(Launch(), "");
+    for (const std::int32_t other : {-1, 0, 6, 8, 31, 32})
+    {
+        EXPECT_EQ(Launch(other), "");
+    }
+    EXPECT_TRUE(m_prompts.notices.empty());
 }
 
 } // namespace

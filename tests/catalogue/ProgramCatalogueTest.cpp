@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
-
 namespace velmo
 {
 namespace
@@ -74,72 +72,47 @@ TEST(CatalogueChecksTest, EachKindOfBrokenRowIsFoundAndNamed)
 {
     using enum CatalogueFault;
     using Rows = std::vector<ProgramEntry>;
-    const std::tuple<const char*, void (*)(Rows&), FaultyRow> rows[] = {
-        {"none", [](Rows&) {}, {}},
-        {"one more",
-         [](Rows& r) {
-             r.push_back({34, "Zoneplan 1", -1, "", "", "/pub/demo/z.exe", true});
+    const std::pair<void (*)(Rows&), FaultyRow> rows[] = {
+        {[](Rows& r) {
+             r.push_back({34, "Zone 1", -1, "", "", "/pub/demo/z.exe", true});
          },
          {}},
-        {"index", [](Rows& r) { r[5].index = 6; }, {5, IndexIsNotPosition}},
-        {"no version",
-         [](Rows& r) { r[4].displayName = "Loadcalc"; },
-         {4, NameWithoutMajorVersion}},
-        {"blanks", [](Rows& r) { r[4].displayName = "Loadcalc  8"; }, {4, NameWithoutMajorVersion}},
-        {"name", [](Rows& r) { r[9].displayName = r[4].displayName; }, {9, NameTwice}},
-        {"number twice", [](Rows& r) { r[4].locatorNumber = 1; }, {4, LocatorNumberTwice}},
-        {"number 32",
-         [](Rows& r) { r[4].locatorNumber = 32; },
-         {4, LocatorNumberWithoutExecutable}},
-        {"number 0", [](Rows& r) { r[4].locatorNumber = 0; }, {4, LocatorNumberWithoutExecutable}},
-        {"another's", [](Rows& r) { r[33].locatorNumber = 27; }, {33, LocatedUnderAnotherName}},
-        {"generations",
-         [](Rows& r) { std::swap(r[14].locatorNumber, r[15].locatorNumber); },
+        {[](Rows& r) { r[5].index = 6; }, {5, IndexIsNotPosition}},
+        {[](Rows& r) { r[4].displayName = "Loadcalc"; }, {4, NameWithoutMajorVersion}},
+        {[](Rows& r) { r[4].displayName = "Loadcalc  8"; }, {4, NameWithoutMajorVersion}},
+        {[](Rows& r) { r[9].displayName = r[4].displayName; }, {9, NameTwice}},
+        {[](Rows& r) { r[4].locatorNumber = 1; }, {4, LocatorNumberTwice}},
+        {[](Rows& r) { r[4].locatorNumber = 32; }, {4, LocatorNumberWithoutExecutable}},
+        {[](Rows& r) { r[4].locatorNumber = 0; }, {4, LocatorNumberWithoutExecutable}},
+        {[](Rows& r) { r[33].locatorNumber = 27; }, {33, LocatedUnderAnotherName}},
+        {[](Rows& r) { std::swap(r[14].locatorNumber, r[15].locatorNumber); },
          {14, LocatedUnderAnotherName}},
-        {"area",
-         [](Rows& r) { r[4].updatePage = "/web/heating/x.html"; },
-         {4, PageNotInAProductArea}},
-        {"kind",
-         [](Rows& r) { r[4].informationPage = "/web/hvacr/x.txt"; },
-         {4, PageNotInAProductArea}},
-        {"deeper",
-         [](Rows& r) { r[4].updatePage = "/web/hvacr/a/x.html"; },
-         {4, PageNotInAProductArea}},
-        {"shared", [](Rows& r) { r[5].updatePage = r[4].updatePage; }, {5, UpdatePageShared}},
-        {"no setup", [](Rows& r) { r[4].demoSetup = ""; }, {4, DemoSetupPath}},
-        {"setup's folder", [](Rows& r) { r[4].demoSetup = "/pub/x.exe"; }, {4, DemoSetupPath}},
-        {"apart no more", [](Rows& r) { r[1].kind = ProgramKind::Ordinary; }, {1, DemoSetupPath}},
-        {"two managers",
-         [](Rows& r) { r[33].kind = ProgramKind::UpdateManager; },
-         {33, UpdateManagerTwice}},
+        {[](Rows& r) { r[4].updatePage = "/web/heating/x.html"; }, {4, PageNotInAProductArea}},
+        {[](Rows& r) { r[4].informationPage = "/web/hvacr/x.txt"; }, {4, PageNotInAProductArea}},
+        {[](Rows& r) { r[4].updatePage = "/web/hvacr/a/x.html"; }, {4, PageNotInAProductArea}},
+        {[](Rows& r) { r[5].updatePage = r[4].updatePage; }, {5, UpdatePageShared}},
+        {[](Rows& r) { r[4].demoSetup = ""; }, {4, DemoSetupPath}},
+        {[](Rows& r) { r[4].demoSetup = "/pub/x.exe"; }, {4, DemoSetupPath}},
+        {[](Rows& r) { r[1].kind = ProgramKind::Ordinary; }, {1, DemoSetupPath}},
+        {[](Rows& r) { r[33].kind = ProgramKind::UpdateManager; }, {33, UpdateManagerTwice}},
     };
-    for (const auto& [change, make, found] : rows)
+    for (const auto& [change, found] : rows)
     {
-        SCOPED_TRACE(change);
         Rows table(kPrograms.begin(), kPrograms.end());
-        make(table);
-        const FaultyRow fault = FirstFault(table, kLocatorTable);
-        EXPECT_EQ(fault.index, found.index);
-        EXPECT_EQ(fault.fault, found.fault);
+        change(table);
+        EXPECT_EQ(FirstFault(table, kLocatorTable), found);
     }
-}
-
-TEST(CatalogueChecksTest, EachKindOfBrokenNumberIsFoundAndNamed)
-{
-    using enum CatalogueFault;
     using Numbers = std::vector<LocatorEntry>;
-    const std::tuple<const char*, void (*)(Numbers&), FaultyRow> rows[] = {
-        {"none", [](Numbers&) {}, {}},
-        {"place", [](Numbers& n) { n[5].number = 6; }, {5, IndexIsNotPosition}},
-        {"folder", [](Numbers& n) { n[5].folderName = ""; }, {5, FolderNotNamed}},
-        {"program", [](Numbers& n) { n[5].executable = ""; }, {5, IniFileWithoutExecutable}},
-        {"file", [](Numbers& n) { n[7].iniFile = ""; }, {7, IniFileWithoutExecutable}},
+    const std::pair<void (*)(Numbers&), FaultyRow> numbers[] = {
+        {[](Numbers& n) { n[5].number = 6; }, {5, IndexIsNotPosition}},
+        {[](Numbers& n) { n[5].folderName = ""; }, {5, FolderNotNamed}},
+        {[](Numbers& n) { n[5].executable = ""; }, {5, IniFileWithoutExecutable}},
+        {[](Numbers& n) { n[7].iniFile = ""; }, {7, IniFileWithoutExecutable}},
     };
-    for (const auto& [change, make, found] : rows)
+    for (const auto& [change, found] : numbers)
     {
-        SCOPED_TRACE(change);
         Numbers table(kLocatorTable.begin(), kLocatorTable.end());
-        make(table);
+        change(table);
         EXPECT_EQ(FirstFault(table), found);
     }
 }

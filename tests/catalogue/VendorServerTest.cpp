@@ -1,5 +1,6 @@
 #include "catalogue/VendorServer.h"
 
+#include "catalogue/CommonFolder.h"
 #include "settings/DiagnosticLog.h"
 #include "tests/support/TemporaryDesktop.h"
 
@@ -35,6 +36,20 @@ TEST(VendorServerTest, AMachinePolicyNamesAnotherWebServer)
         const bool ignored = webServer == built.webServer;
         EXPECT_EQ(desktop.Read("server.log").find(policy) != std::string::npos, ignored);
     }
+}
+
+TEST(CommonFolderTest, WinIniComesBeforeTheUsersSettingsAndNoneIsALoneBackslash)
+{
+    const test::TemporaryDesktop desktop;
+    EXPECT_EQ(CommonFolder(), "\\");
+    EXPECT_EQ(SettingsFilePath(), "\\VelmoUpd.ini");
+    EXPECT_EQ(LogFilePath(), "");
+    desktop.SetUserFolder("CommonDirectory", "C:\\User");
+    EXPECT_EQ(CommonFolder(), "C:\\User\\");
+    desktop.SetWinIniFolder("CommonDirectory", "C:\\Common\\");
+    EXPECT_EQ(CommonFolder(), "C:\\Common\\");
+    EXPECT_EQ(SettingsFilePath(), "C:\\Common\\VelmoUpd.ini");
+    EXPECT_EQ(LogFilePath(), "C:\\Common\\VelmoUpd.log");
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "controls/GridModel.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace velmo
@@ -37,17 +37,8 @@ class GridModelTest : public testing::Test, public GridSource, public GridModel:
     GridLook Look(std::size_t /*row*/) const override { return {}; }
     GridSpan Group(std::size_t row) const override
     {
-        std::size_t first = row;
-        while (first > 0 && m_rows[first - 1].group == m_rows[row].group)
-        {
-            --first;
-        }
-        std::size_t end = row + 1;
-        while (end < m_rows.size() && m_rows[end].group == m_rows[row].group)
-        {
-            ++end;
-        }
-        return {first, end - first};
+        const auto group = std::ranges::equal_range(m_rows, m_rows[row].group, {}, &Row::group);
+        return {static_cast<std::size_t>(group.begin() - m_rows.begin()), group.size()};
     }
 
     void OnRowsChanged() override { m_heard.push_back("rows"); }

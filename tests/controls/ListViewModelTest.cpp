@@ -2,9 +2,12 @@
 
 #include "controls/MousePointer.h"
 #include "controls/StatusBoxModel.h"
+#include "settings/CINIFileHandler.h"
+#include "settings/DiagnosticLog.h"
+#include "tests/support/TemporaryDesktop.h"
+#include "ui/CListViewHandler.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace velmo
 {
@@ -146,6 +149,90 @@ TEST_F(ListViewModelTest, OnlyRealChangesOfColumnsAreTold)
     m_model.SetColumnWidth(0, 70);
     m_model.SetColumnMark(3, SortOrder::Ascending);
     EXPECT_TRUE(m_notes.Take().empty());
+}
+
+class ListViewHandlerTest : public testing::Test
+{
+  protected:
+    ListViewHandlerTest() { m_settings.AppProfileFileName(m_desktop.Folder() + "VelmoUpd.ini"); }
+
+    ListViewModel Fresh() const
+    {
+        return ListViewModel({{"One", 100, {}}, {"Two", 200, {}}, {"Three", 300, {}}}, m_noRows);
+    }
+
+    /// The columns' widths with "^" for ascending and "v" for descending.
+    static std::string Columns(const ListViewModel& list)
+    {
+        std::string columns;
+        for (const auto& [header, width, mark] : list.Columns())
+        {
+            columns +=
+                std::to_string(static_cast<int>(width)) + (!mark                          ? " "
+                                                           : mark == SortOrder::Ascending ? "^ "
+                                                                                          : "v ");
+        }
+        return columns;
+    }
+
+    const Sizes m_noRows;
+    const test::TemporaryDesktop m_desktop;
+    DiagnosticLog m_log{""};
+    CINIFileHandler m_settings{m_log, '.'};
+    CListViewHandler m_handler{m_settings};
+};
+
+TEST_F(ListViewHandlerTest, AClickSortsAndASecondOneReverses)
+{
+    ListViewModel list = Fresh();
+    constexpr std::pair<std::size_t, const char*> kClicks[] = {
+        {2, "100 200^ 300 "}, {2, "100 200v 300 "}, {2, "100 200^ 300 "},
+        {3, "100 200 300^ "}, {3, "100 200 300v "}, {1, "100^ 200 300 "}};
+    for (const auto& [column, columns] : kClicks)
+    {
+        m_handler.ColumnClick(list, column);
+        EXPECT_EQ(list.SortedColumn(), column);
+        EXPECT_EQ(list.Order(), list.Columns()[column - 1].mark);
+        EXPECT_EQ(Columns(list), columns);
+    }
+}
+
+TEST_F(ListViewHandlerTest, WhatWasSavedComesBack)
+{
+    ListViewModel list = Fresh();
+    m_handler.ColumnClick(list, 2);
+    m_handler.ColumnClick(list, 2);
+    list.SetColumnWidth(3, 1234.5F);
+    m_handler.SaveSort(list, "List", 2);
+    m_handler.SaveWidths(list, "List");
+    EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"),
+              "[List]\r\nSortOrder=1\r\nSortedColumn=2\r\nColumnHeaderWidth1=100\r\n"
+              "ColumnHeaderWidth2=200\r\nColumnHeaderWidth3=1235\r\n");
+    ListViewModel later = Fresh();
+    m_handler.LoadSort(later, "List");
+    m_handler.LoadWidths(later, "List");
+    EXPECT_EQ(later.SortedColumn(), 2U);
+    EXPECT_EQ(later.Order(), SortOrder::Descending);
+    EXPECT_EQ(Columns(later), "100 200v 1235 ");
+}
+
+TEST_F(ListViewHandlerTest, WhatCannotBeReadLeavesTheListAsItIs)
+{
+    for (const char* text :
+         {"", "SortedColumn=4\r\nSortOrder=1\r\n", "SortedColumn=-1\r\nSortOrder=1\r\n",
+          "SortedColumn=99999999999\r\n",
+          "ColumnHeaderWidth1=0\r\nColumnHeaderWidth2=-5\r\nColumnHeaderWidth3=1e30\r\n"})
+    {
+        SCOPED_TRACE(text);
+        m_desktop.Write("VelmoUpd.ini", std::string("[List]\r\n") + text);
+        ListViewModel list = Fresh();
+        list.Sort(2, SortOrder::Descending);
+        m_handler.LoadSort(list, "List");
+        m_handler.LoadWidths(list, "List");
+        EXPECT_EQ(list.SortedColumn(), 2U);
+        EXPECT_EQ(list.Order(), SortOrder::Descending);
+        EXPECT_THAT(Columns(list), testing::AnyOf("100 200 300 ", "100 200v 300 "));
+    }
 }
 
 TEST(StatusBoxModelTest, LinesAreAddedAtTheEnd)

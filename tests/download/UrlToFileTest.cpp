@@ -1,5 +1,6 @@
 #include "download/UrlToFile.h"
 
+#include "download/InternetErrorText.h"
 #include "platform/ErrorCode.h"
 #include "platform/HeadlessLoop.h"
 #include "platform/MFile.h"
@@ -20,11 +21,10 @@ class UrlToFileTest : public testing::Test
 {
   protected:
     /// The error's code, 0 when the file is there.
-    std::int32_t Download(const std::string& path) { return Download(path, m_path); }
-
-    std::int32_t Download(const std::string& path, const std::string& file)
+    std::int32_t Download(const std::string& path, const char* name = "version.ini")
     {
-        const Result<Done> outcome = m_download.Download(m_server.Url(path), file);
+        const Result<Done> outcome =
+            m_download.Download(m_server.Url(path), m_desktop.Folder() + name);
         return outcome ? 0 : outcome.Failure().code;
     }
 
@@ -33,11 +33,11 @@ class UrlToFileTest : public testing::Test
     platform::HeadlessLoop m_loop;
     std::chrono::steady_clock::time_point m_now;
     UrlToFile m_download{m_loop, {.mostBytes = kMostBytesOfAList}, [this] { return m_now; }};
-    std::string m_path = m_desktop.Write("version.ini", "an older and longer content than the new");
 };
 
 TEST_F(UrlToFileTest, AFailureLeavesTheOldFileAndASuccessReplacesIt)
 {
+    m_desktop.Write("version.ini", "an older and longer content than the new");
     m_server.Serve("/list", "[Loadcalc 8]\r\nMajor=8\r\n");
     m_server.Serve("/as-large-as-allowed", std::string(kMostBytesOfAList, 'x'));
     m_server.Serve("/larger", std::string(kMostBytesOfAList + 1, 'x'));
@@ -45,7 +45,7 @@ TEST_F(UrlToFileTest, AFailureLeavesTheOldFileAndASuccessReplacesIt)
     EXPECT_EQ(Download("/larger"), error_code::kTooLarge);
     m_server.Serve("/empty", "");
     EXPECT_EQ(Download("/empty"), error_code::kInvalidData);
-    EXPECT_EQ(Download("/list", m_desktop.Folder() + "none\\x.ini"), error_code::kFolderMissing);
+    EXPECT_EQ(Download("/list", "none\\x.ini"), error_code::kFolderMissing);
     EXPECT_EQ(m_desktop.Read("version.ini"), "an older and longer content than the new");
     EXPECT_EQ(Download("/list"), 0);
     EXPECT_EQ(m_desktop.Read("version.ini"), "[Loadcalc 8]\r\nMajor=8\r\n");
@@ -80,6 +80,33 @@ TEST_F(UrlToFileTest, WhenTheTimeIsOverADownloadIsGivenUpAndNoneIsStarted)
     m_now += std::chrono::milliseconds(1);
     EXPECT_EQ(Download("/list"), error_code::kTimedOut);
     EXPECT_EQ(m_server.CountOf("/list"), 0);
+}
+
+TEST(InternetErrorTextTest, SentencesKeepTheirTrailingBlanksAndOtherCodesHaveNoDetails)
+{
+    EXPECT_EQ(InternetErrorText(12007, "unused"), "Server name could not be resolved.");
+    for (const std::int32_t code : {0, 112, 12000, 12037, 12152, -1})
+    {
+        EXPECT_EQ(InternetErrorText(code), "Error details not available.") << code;
+    }
+    for (std::int32_t code = 12001; code <= 12036; ++code)
+    {
+        const bool isGap = code >= 12032 && code <= 12035;
+        EXPECT_EQ(InternetErrorText(code) == InternetErrorText(0), isGap) << code;
+        const bool endsInBlank =
+            code == 12011 || code == 12014 || code == 12016 || code == 12021 || code == 12023;
+        EXPECT_EQ(InternetErrorText(code).ends_with(' '), endsInBlank) << code;
+    }
+}
+
+TEST(InternetErrorTextTest, ForAnExtendedErrorTheServerSpeaks)
+{
+    const std::string silent = "Extended error returned from server.";
+    const std::string accents = std::string(255, 'x') + "\xC3\xA9";
+    EXPECT_EQ(InternetErrorText(12003), silent);
+    EXPECT_EQ(InternetErrorText(12003, std::string_view("\0hidden", 7)), silent);
+    EXPECT_EQ(InternetErrorText(12003, std::string_view("500 Down\0hidden", 15)), "500 Down");
+    EXPECT_EQ(InternetErrorText(12003, accents + "more"), accents);
 }
 
 } // namespace

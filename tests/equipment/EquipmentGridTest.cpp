@@ -1,6 +1,5 @@
 #include "equipment/EquipmentGrid.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,8 +9,6 @@ namespace velmo
 {
 namespace
 {
-
-using testing::ElementsAre;
 
 constexpr auto kOld = EquipmentStatus::NeedsUpdate;
 constexpr auto kFine = EquipmentStatus::UpToDate;
@@ -27,28 +24,25 @@ constexpr const char* kList =
     "[E]\r\nMDBSetupFileSize=1000\r\nPictureSetupFilename=dpic.exe\r\nPictureSetupFileSize=7\r\n"
     "1MDBFilename=e1\r\n";
 
-InstalledVersion Installed(EquipmentStatus status)
+InstalledVersion Installed(EquipmentStatus status,
+                           InstalledVersion::State state = InstalledVersion::State::Dated)
 {
     InstalledVersion installed;
-    installed.state = InstalledVersion::State::Dated;
+    installed.state = state;
     installed.dateText = "1/1/2020";
     installed.status = status;
     return installed;
 }
 
-InstalledVersion OfUnknownAge()
-{
-    InstalledVersion installed = Installed(kOld);
-    installed.state = InstalledVersion::State::OfUnknownAge;
-    return installed;
-}
-
 /// What is installed of the databases, in the order of the list, and of its sections' pictures.
-const std::vector<InstalledVersion> kDatabases{Installed(kFine), Installed(kOld),  {},
-                                               Installed(kFine), Installed(kFine), Installed(kFine),
-                                               Installed(kFine)};
-const std::vector<InstalledVersion> kPictures{
-    Installed(kOld), {}, {}, OfUnknownAge(), Installed(kFine)};
+const InstalledVersion kDatabases[] = {Installed(kFine), Installed(kOld),  {},
+                                       Installed(kFine), Installed(kFine), Installed(kFine),
+                                       Installed(kFine)};
+const InstalledVersion kPictures[] = {Installed(kOld),
+                                      {},
+                                      {},
+                                      Installed(kOld, InstalledVersion::State::OfUnknownAge),
+                                      Installed(kFine)};
 
 EquipmentRows SampleRows()
 {
@@ -61,11 +55,11 @@ EquipmentRows SampleRows()
         row.InstallPictures =
             section.PictureSetupFile.empty() ? TickState::None : TickState::Unticked;
         shown.sections.push_back(
-            {&section, kPictures.at(row.section), {shown.rows.size(), section.entries.size()}});
+            {&section, kPictures[row.section], {shown.rows.size(), section.entries.size()}});
         for (const ManufacturerEntry& entry : section.entries)
         {
             row.listed = &entry;
-            row.installed = kDatabases.at(shown.rows.size());
+            row.installed = kDatabases[shown.rows.size()];
             shown.rows.push_back(row);
         }
     }
@@ -101,76 +95,45 @@ class EquipmentGridTest : public testing::Test
 
 TEST_F(EquipmentGridTest, EachColumnHasItsHeaderAndForm)
 {
-    // m: merged, t: with boxes, h: hidden.
-    constexpr std::array<const char*, kEquipmentColumns> kColumns{
-        "Section|Name m",
-        "MDB|EXE ",
-        "Install|Database mt",
-        "Picture|EXE ",
-        "Install|Pictures mt",
-        "Database|File|Size m",
-        " h",
-        "Pictures|File|Size m",
-        " h",
-        "Manufacturer|Name ",
-        "Database|File ",
-        "Database|Installed|Version ",
-        "Database|Latest|Version ",
-        "Need to|Update|Database ",
-        "Pictures|Installed|Version m",
-        "Pictures|Latest|Version m",
-        "Need to|Update|Pictures m",
-        "|AC ",
-        "|HP ",
-        "|GSHP ",
-        "Oil|Furn ",
-        "NG|Furn ",
-        "Pr|Furn ",
-        "NG/Pr|Furn ",
-        "Oil|Boil ",
-        "NG|Boil ",
-        "Pr|Boil ",
-        "NG/Pr|Boil ",
-        "2 Sp|AC ",
-        "2 Sp|GSHP ",
-        "2 Sp|Furn ",
-        "Wtr|Htr ",
-    };
-    ASSERT_EQ(m_grid.Model().Columns().size(), kColumns.size());
-    for (std::size_t i = 0; i < kColumns.size(); ++i)
+    std::string columns;
+    for (const GridColumn& column : m_grid.Model().Columns())
     {
-        const GridColumn& column = m_grid.Model().Columns()[i];
-        std::string text = column.header;
-        for (std::size_t at = 0; (at = text.find("\r\n")) != std::string::npos;)
-        {
-            text.replace(at, 2, "|");
-        }
-        text += std::string(" ") + (column.merged ? "m" : "") + (column.ticks ? "t" : "") +
-                (column.hidden ? "h" : "");
-        EXPECT_EQ(text, kColumns[i]);
+        // m: merged, t: with boxes, h: hidden.
+        columns += column.header + (column.merged ? " m" : "") + (column.ticks ? " t" : "") +
+                   (column.hidden ? " h" : "") + "; ";
     }
+    for (std::size_t at = 0; (at = columns.find("\r\n")) != std::string::npos;)
+    {
+        columns.replace(at, 2, "|");
+    }
+    EXPECT_EQ(columns,
+              "Section|Name m; MDB|EXE; Install|Database m t; Picture|EXE; Install|Pictures m t; "
+              "Database|File|Size m;  h; Pictures|File|Size m;  h; Manufacturer|Name; "
+              "Database|File; Database|Installed|Version; Database|Latest|Version; "
+              "Need to|Update|Database; Pictures|Installed|Version m; Pictures|Latest|Version m; "
+              "Need to|Update|Pictures m; |AC; |HP; |GSHP; Oil|Furn; NG|Furn; Pr|Furn; "
+              "NG/Pr|Furn; Oil|Boil; NG|Boil; Pr|Boil; NG/Pr|Boil; 2 Sp|AC; 2 Sp|GSHP; "
+              "2 Sp|Furn; Wtr|Htr; ");
 }
 
 TEST_F(EquipmentGridTest, TheMenuHasTheCommandsInGroups)
 {
-    std::vector<std::string> menu;
+    std::string menu;
     for (const MarkCommand& command : kMarkCommands)
     {
-        menu.push_back((command.beginsGroup ? "--- " : "") + std::string(command.name) + ": " +
-                       std::string(command.caption));
+        menu += command.beginsGroup ? "-\n" : "";
+        menu += std::string(command.name) + ": " + std::string(command.caption) + "\n";
     }
-    EXPECT_THAT(
-        menu,
-        ElementsAre("mnuMarkAllDatabasesThatNeedUpdating: Mark All Databases that Need Updating",
+    EXPECT_EQ(menu, "mnuMarkAllDatabasesThatNeedUpdating: Mark All Databases that Need Updating\n"
                     "mnuMarkAllExceptUpToDateMDB: Mark All Databases Except Ones that are "
-                    "Installed and Up to Date",
-                    "--- mnuMarkAllPicturesThatNeedUpdating: Mark All Pictures that Need Updating",
+                    "Installed and Up to Date\n-\n"
+                    "mnuMarkAllPicturesThatNeedUpdating: Mark All Pictures that Need Updating\n"
                     "mnuMarkAllExceptUpToDatePictures: Mark All Pictures Except Ones that are "
-                    "Installed and Up to Date",
-                    "--- mnuClearAllDatabases: Clear All Databases",
-                    "mnuClearAllPictures: Clear All Pictures",
-                    "--- mnuMarkAllDatabases: Mark All Databases",
-                    "mnuMarkAllPictures: Mark All Pictures"));
+                    "Installed and Up to Date\n-\n"
+                    "mnuClearAllDatabases: Clear All Databases\n"
+                    "mnuClearAllPictures: Clear All Pictures\n-\n"
+                    "mnuMarkAllDatabases: Mark All Databases\n"
+                    "mnuMarkAllPictures: Mark All Pictures\n");
 }
 
 TEST_F(EquipmentGridTest, CommandsTickTheBoxesOfTheirRuleAndSection)

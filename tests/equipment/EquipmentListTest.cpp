@@ -1,4 +1,7 @@
-#include "tests/equipment/EquipmentDesktop.h"
+#include "equipment/EquipmentList.h"
+
+#include "tests/support/ProgramDesktop.h"
+#include "tests/support/TestSystem.h"
 
 #include <gmock/gmock.h>
 
@@ -18,32 +21,45 @@ constexpr std::string_view kGeneral = "[Manufver General]\r\n"
                                       "Server Folder MDBs HTTP=/mdb/\r\n"
                                       "Server Folder Pictures HTTP=/pic/\r\n";
 
-class EquipmentListTest : public test::EquipmentDesktop
+class EquipmentListTest : public test::ProgramDesktop
 {
   protected:
+    void Show(std::string_view list)
+    {
+        m_desktop.Write("manufver.ini", list);
+        m_list.Refresh();
+    }
+
+    /// Puts a database of the test data into the common folder.
+    void InstallDatabase(std::string_view name,
+                         std::string_view sample = "equipment/plain_datetime_v2000.mdb") const
+    {
+        const std::string path = test::TestDataPath("access/" + std::string(sample));
+        m_desktop.Write(name, m_desktop.Read(path));
+    }
+
     [[nodiscard]] std::string Cell(std::size_t row, EquipmentColumn column) const
     {
         return m_list.Grid().Text(row, column);
     }
 
-    [[nodiscard]] std::vector<std::string> Column(EquipmentColumn column) const
+    /// A column's cells, or a row's all.
+    [[nodiscard]] std::vector<std::string> Cells(std::optional<std::size_t> row,
+                                                 EquipmentColumn column = {}) const
     {
         std::vector<std::string> cells;
-        for (std::size_t row = 0; row < m_list.Grid().Rows().rows.size(); ++row)
+        const std::size_t count = row ? kEquipmentColumns : m_list.Grid().Rows().rows.size();
+        for (std::size_t i = 0; i < count; ++i)
         {
-            cells.push_back(Cell(row, column));
+            cells.push_back(
+                m_list.Grid().Model().Rows().Text(row.value_or(i), row ? i : Index(column)));
         }
         return cells;
     }
 
-    [[nodiscard]] std::vector<std::string> Row(std::size_t row) const
+    [[nodiscard]] std::vector<std::string> Column(EquipmentColumn column) const
     {
-        std::vector<std::string> cells;
-        for (std::size_t column = 0; column < kEquipmentColumns; ++column)
-        {
-            cells.push_back(m_list.Grid().Model().Rows().Text(row, column));
-        }
-        return cells;
+        return Cells(std::nullopt, column);
     }
 
     /// "server | folder of databases | folder of pictures" of an order.
@@ -53,30 +69,31 @@ class EquipmentListTest : public test::EquipmentDesktop
         {
             m_list.Grid().Toggle(0, Index(EquipmentColumn::InstallDatabase));
         }
-        const auto order = m_list.PrepareInstall(m_prompts);
-        EXPECT_TRUE(order);
-        return order->server + " | " + order->setups.at(0).folder + " | " +
-               order->setups.at(1).folder;
+        const InstallOrder order = m_list.PrepareInstall(m_prompts).value();
+        return order.server + " | " + order.setups.at(0).folder + " | " + order.setups.at(1).folder;
     }
+
+    EquipmentList m_list{m_desktop.Folder() + "manufver.ini", "http://default.example", m_locator,
+                         m_log,
+                         [] { return std::chrono::sys_days(std::chrono::year{2026} / 6 / 1); }};
 };
 
 TEST_F(EquipmentListTest, ADatabaseIsARowOfWhatTheListAndTheDesktopSay)
 {
-    InstallDatabase("equipment/plain_datetime_v2000.mdb", "Kestrel.MDB"); // 3/15/2004
-    m_desktop.Write(m_common + "EquipPic\\Kestrel Air\\PicInfo.ini",
+    InstallDatabase("Kestrel.MDB"); // 3/15/2004
+    m_desktop.Write("EquipPic\\Kestrel Air\\PicInfo.ini",
                     "[Kestrel Air]\r\nDatePicturesModified=5/6/2007\r\n");
-    WriteList(std::string(kGeneral) +
-              "\r\n[Kestrel Air]\r\n"
-              "PictureSetupFilename=KestrelPic.EXE\r\n"
-              "DatePicturesModified=5/6/2008\r\n"
-              "PictureSetupFileSize=2500000\r\n"
-              "MDBSetupFileSize=1000\r\n"
-              "1ManufacturerName=Kestrel Split\r\n1MDBFilename=kestrel.mdb\r\n"
-              "1ReleaseDate=3/16/2004\r\n1AC=X\r\n12SpeedAC=2\r\n1WaterHeater=a=b\r\n"
-              "2MDBFilename=other.mdb\r\n2ReleaseDate=1/2/2020\r\n2HP=X\r\n"
-              "4MDBFilename=never.mdb\r\n");
-    m_list.Refresh();
-    EXPECT_THAT(Row(0),
+    Show(std::string(kGeneral) +
+         "\r\n[Kestrel Air]\r\n"
+         "PictureSetupFilename=KestrelPic.EXE\r\n"
+         "DatePicturesModified=5/6/2008\r\n"
+         "PictureSetupFileSize=2500000\r\n"
+         "MDBSetupFileSize=1000\r\n"
+         "1ManufacturerName=Kestrel Split\r\n1MDBFilename=kestrel.mdb\r\n"
+         "1ReleaseDate=3/16/2004\r\n1AC=X\r\n12SpeedAC=2\r\n1WaterHeater=a=b\r\n"
+         "2MDBFilename=other.mdb\r\n2ReleaseDate=1/2/2020\r\n2HP=X\r\n"
+         "4MDBFilename=never.mdb\r\n");
+    EXPECT_THAT(Cells(0),
                 ElementsAre("Kestrel Air", "kestrel air.exe", "", "kestrelpic.exe", "", "1 KB",
                             "1000", "2.4 MB", "2500000", "Kestrel Split", "kestrel.mdb",
                             "3/15/2004", "3/16/2004", "Yes", "5/6/2007", "5/6/2008", "Yes", "X", "",
@@ -91,10 +108,9 @@ TEST_F(EquipmentListTest, ADatabaseIsARowOfWhatTheListAndTheDesktopSay)
 
 TEST_F(EquipmentListTest, ASectionWithoutDatabasesHasNoRowAndOneWithoutPicturesNoBox)
 {
-    m_desktop.Write(m_common + "EquipPic\\Empty\\a.jpg", "picture");
-    WriteList("[Empty]\r\nPictureSetupFilename=empty.exe\r\n2MDBFilename=second.mdb\r\n"
-              "[Bare]\r\n1MDBFilename=bare.mdb\r\n");
-    m_list.Refresh();
+    m_desktop.Write("EquipPic\\Empty\\a.jpg", "picture");
+    Show("[Empty]\r\nPictureSetupFilename=empty.exe\r\n2MDBFilename=second.mdb\r\n"
+         "[Bare]\r\n1MDBFilename=bare.mdb\r\n");
     ASSERT_THAT(Column(EquipmentColumn::SectionName), ElementsAre("Bare"));
     EXPECT_EQ(m_list.CountPicturesThatNeedUpdate(), 0);
     const GridSource& shown = m_list.Grid().Model().Rows();
@@ -107,16 +123,14 @@ TEST_F(EquipmentListTest, ASectionWithoutDatabasesHasNoRowAndOneWithoutPicturesN
 
 TEST_F(EquipmentListTest, TheServersValuesAreTakenOutOfTheFileAndHaveDefaults)
 {
-    WriteList(std::string(kGeneral) + "[A]\r\n1MDBFilename=a.mdb\r\n");
-    m_list.Refresh();
+    Show(std::string(kGeneral) + "[A]\r\n1MDBFilename=a.mdb\r\n");
     EXPECT_EQ(Server(), "http://setups.example | /mdb/ | /pic/");
-    EXPECT_THAT(m_desktop.Read(m_listPath), Not(HasSubstr("Manufver General")));
-    EXPECT_THAT(m_desktop.Read(m_listPath), HasSubstr("[A]"));
+    EXPECT_THAT(m_desktop.Read("manufver.ini"), Not(HasSubstr("Manufver General")));
+    EXPECT_THAT(m_desktop.Read("manufver.ini"), HasSubstr("[A]"));
     m_list.InspectAgain();
     EXPECT_EQ(Server(), "http://setups.example | /mdb/ | /pic/");
 
-    WriteList("[A]\r\n1MDBFilename=a.mdb\r\n");
-    m_list.Refresh();
+    Show("[A]\r\n1MDBFilename=a.mdb\r\n");
     EXPECT_EQ(Server(), "http://default.example | /pub/mervala/mdb/ | /pub/mervala/pic/");
 }
 
@@ -125,24 +139,22 @@ TEST_F(EquipmentListTest, WithoutAListTheGridKeepsItsRows)
     m_list.Refresh();
     EXPECT_TRUE(m_list.Grid().Rows().rows.empty());
     m_list.InspectAgain();
-    WriteList("[A]\r\n1MDBFilename=a.mdb\r\n");
-    m_list.Refresh();
-    EXPECT_TRUE(platform::MFile::DeleteIfExists(m_listPath));
+    Show("[A]\r\n1MDBFilename=a.mdb\r\n");
+    EXPECT_TRUE(platform::MFile::DeleteIfExists(m_desktop.Folder() + "manufver.ini"));
     m_list.Refresh();
     EXPECT_THAT(Column(EquipmentColumn::DatabaseFile), ElementsAre("a.mdb"));
-    InstallDatabase("equipment/plain_datetime_v2000.mdb", "a.mdb");
+    InstallDatabase("a.mdb");
     m_list.InspectAgain();
     EXPECT_THAT(Column(EquipmentColumn::DatabaseInstalled), ElementsAre("3/15/2004"));
 }
 
 TEST_F(EquipmentListTest, ARefreshUnticksEverythingASecondLookNothingAndBothKeepThePosition)
 {
-    WriteList("[A]\r\n1MDBFilename=a.mdb\r\n2MDBFilename=b.mdb\r\n3MDBFilename=c.mdb\r\n");
-    m_list.Refresh();
+    Show("[A]\r\n1MDBFilename=a.mdb\r\n2MDBFilename=b.mdb\r\n3MDBFilename=c.mdb\r\n");
     GridModel& model = m_list.Grid().Model();
     m_list.Grid().Toggle(1, Index(EquipmentColumn::InstallDatabase));
     model.NotePosition({2, 9, 1, 3});
-    InstallDatabase("equipment/plain_datetime_v2000.mdb", "b.mdb");
+    InstallDatabase("b.mdb");
     m_list.InspectAgain();
     EXPECT_EQ(Cell(1, EquipmentColumn::DatabaseInstalled), "3/15/2004");
     EXPECT_EQ(model.Rows().Tick(1, Index(EquipmentColumn::InstallDatabase)), TickState::Ticked);
@@ -154,13 +166,11 @@ TEST_F(EquipmentListTest, ARefreshUnticksEverythingASecondLookNothingAndBothKeep
 
 TEST_F(EquipmentListTest, NamesThatLeadElsewhereAreNotLookedFor)
 {
-    InstallDatabase("equipment/plain_datetime_v2000.mdb", "..\\outside.mdb");
-    InstallDatabase("equipment/plain_datetime_v2000.mdb", "sub\\inside.mdb");
-    m_desktop.Write(m_desktop.Folder() + "PicInfo.ini",
-                    "[..\\..]\r\nDatePicturesModified=1/1/1\r\n");
-    WriteList("[..\\..]\r\nPictureSetupFilename=p.exe\r\nDatePicturesModified=5/6/2008\r\n"
-              "1MDBFilename=..\\outside.mdb\r\n2MDBFilename=sub\\inside.mdb\r\n");
-    m_list.Refresh();
+    InstallDatabase("..\\outside.mdb");
+    InstallDatabase("sub\\inside.mdb");
+    m_desktop.Write("PicInfo.ini", "[..\\..]\r\nDatePicturesModified=1/1/1\r\n");
+    Show("[..\\..]\r\nPictureSetupFilename=p.exe\r\nDatePicturesModified=5/6/2008\r\n"
+         "1MDBFilename=..\\outside.mdb\r\n2MDBFilename=sub\\inside.mdb\r\n");
     EXPECT_THAT(Column(EquipmentColumn::DatabaseInstalled), ElementsAre("-", "-"));
     EXPECT_EQ(Cell(0, EquipmentColumn::PicturesInstalled), "-");
     EXPECT_EQ(Cell(0, EquipmentColumn::PicturesLatest), "5/6/2008");
@@ -168,15 +178,14 @@ TEST_F(EquipmentListTest, NamesThatLeadElsewhereAreNotLookedFor)
 
 TEST_F(EquipmentListTest, WhatCannotBeReadIsLoggedTwentyTimesAtMost)
 {
-    InstallDatabase("broken/password.mdb", "locked.mdb");
+    InstallDatabase("locked.mdb", "broken/password.mdb");
     std::string list = "[A]\r\n[a]\r\n[B]\r\n";
     for (int number = 1; number <= 50; ++number)
     {
         list += std::to_string(number) +
                 (number == 1 ? "MDBFilename=locked.mdb\r\n" : "MDBFilename=..\\x.mdb\r\n");
     }
-    WriteList(list);
-    m_list.Refresh();
+    Show(list);
     EXPECT_THAT(LogText(), HasSubstr("The second section \"a\" is left out"));
     EXPECT_THAT(LogText(), HasSubstr("locked.mdb: The database is protected by a password. (86)"));
     EXPECT_THAT(LogText(), HasSubstr("The same of 30 more"));
@@ -185,8 +194,7 @@ TEST_F(EquipmentListTest, WhatCannotBeReadIsLoggedTwentyTimesAtMost)
 
 TEST_F(EquipmentListTest, InstallingNeedsABoxThatIsTicked)
 {
-    WriteList("[A]\r\n1MDBFilename=a.mdb\r\n");
-    m_list.Refresh();
+    Show("[A]\r\n1MDBFilename=a.mdb\r\n");
     EXPECT_FALSE(m_list.PrepareInstall(m_prompts));
     ASSERT_THAT(m_prompts.Lines(),
                 ElementsAre("No Boxes Checked|You must check the box for at least one "

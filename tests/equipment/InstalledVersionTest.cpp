@@ -1,6 +1,7 @@
 #include "equipment/InstalledVersion.h"
 
-#include "tests/equipment/EquipmentDesktop.h"
+#include "tests/support/ProgramDesktop.h"
+#include "tests/support/TestSystem.h"
 
 #include <gmock/gmock.h>
 
@@ -21,7 +22,7 @@ std::string Flag(EquipmentStatus status)
     return std::array{"-", "No", "Yes"}.at(static_cast<std::size_t>(status));
 }
 
-class InstalledVersionTest : public test::EquipmentDesktop
+class InstalledVersionTest : public test::ProgramDesktop
 {
   protected:
     InstalledVersion Database(std::string_view file, std::string_view latestDate)

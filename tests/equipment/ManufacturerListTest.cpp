@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <iterator>
+#include <sstream>
 
 namespace velmo
 {
@@ -55,32 +56,21 @@ TEST(ManufacturerListTest, EachKindOfEquipmentHasItsPlace)
     {
         text += std::to_string(i) + "MDBFilename=x\n";
     }
-    const char* const keys[] = {"AC",
-                                "HP",
-                                "GSHP",
-                                "FuelOilFurnace",
-                                "GasFurnace",
-                                "PropaneFurnace",
-                                "GasAndPropaneFurnace",
-                                "FuelOilBoiler",
-                                "GasBoiler",
-                                "PropaneBoiler",
-                                "GasAndPropaneBoiler",
-                                "2SpeedAC",
-                                "2SpeedGSHP",
-                                "2SpeedFurnace",
-                                "WaterHeater"};
-    for (const char* key : keys)
+    std::istringstream words("AC HP GSHP FuelOilFurnace GasFurnace PropaneFurnace "
+                             "GasAndPropaneFurnace FuelOilBoiler GasBoiler PropaneBoiler "
+                             "GasAndPropaneBoiler 2SpeedAC 2SpeedGSHP 2SpeedFurnace WaterHeater");
+    const std::vector<std::string> keys{std::istream_iterator<std::string>(words), {}};
+    for (const std::string& key : keys)
     {
-        text += std::string("1") + key + "=" + key + "\n12" + key + "=12 " + key + "\n";
+        text += "1" + key + "=" + key + "\n12" + key + "=12 " + key + "\n";
     }
     const ManufacturerList list = ParseManufacturerList(text, "");
     const auto& entries = list.sections.at(0).entries;
     ASSERT_EQ(entries.size(), 12U);
-    for (std::size_t i = 0; i < std::size(keys); ++i)
+    for (std::size_t i = 0; i < keys.size(); ++i)
     {
         EXPECT_EQ(entries[0].EquipmentKinds[i], keys[i]);
-        EXPECT_EQ(entries[11].EquipmentKinds[i], std::string("12 ") + keys[i]);
+        EXPECT_EQ(entries[11].EquipmentKinds[i], "12 " + keys[i]);
     }
 }
 

@@ -1,41 +1,16 @@
 #include "install/InstallProgress.h"
 #include "install/SetupWatch.h"
 #include "platform/HeadlessLoop.h"
-#include "text/PlainFileName.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <string>
 #include <tuple>
 
 namespace velmo
 {
 namespace
 {
-
-using std::string_view_literals::operator""sv;
-
-TEST(PlainFileNameTest, OnlyAFileOfTheFolderItselfIsPlain)
-{
-    for (const char* name : {"alder.exe", "Alder Air & Sons.exe", "a", ".hidden", "con1.exe",
-                             "com.exe", "com10.exe", "lptx.exe", "n\xC3\xBCrnberg.exe", " a.exe"})
-    {
-        SCOPED_TRACE(name);
-        EXPECT_TRUE(IsPlainFileName(name));
-    }
-    const auto expectNotPlain = [](std::initializer_list<std::string_view> names) {
-        for (const std::string_view name : names)
-        {
-            EXPECT_FALSE(IsPlainFileName(name)) << name;
-        }
-    };
-    expectNotPlain({"", ".", "..", "..\\a.exe", "a/b.exe", "\\a.exe", "c:a.exe", "a.exe:stream",
-                    "a.exe.", "a.exe ", "a\n.exe", "a\0.exe"sv, "a\x7F.exe", "a*.exe", "\"a\".exe",
-                    std::string(300, 'a')});
-    expectNotPlain({"nul", "NUL.exe", "con .exe", "Aux.tar.exe", "com1.exe", "LPT9",
-                    "com\xC2\xB2.exe", "conin$"});
-}
 
 TEST(InstallProgressTest, ABarSaysWhatHasComeAndRoundsAHalfToTheEvenPercent)
 {

@@ -12,23 +12,19 @@ using std::string_view_literals::operator""sv;
 
 constexpr const char* kNone = "\xEF\xBF\xBD";
 
-TEST(AnsiTextTest, EveryByteHasACharacterAndComesBack)
+TEST(AnsiTextTest, EveryByteButFiveHasACharacterAndComesBack)
 {
+    std::string without;
     for (int number = 0; number < 256; ++number)
     {
-        SCOPED_TRACE(number);
         const std::string byte(1, static_cast<char>(number));
         const std::string text = FromAnsi(byte);
-        EXPECT_EQ(ToAnsi(text), text == kNone ? "?" : byte);
+        without += text == kNone ? byte : "";
+        EXPECT_EQ(ToAnsi(text), text == kNone ? "?" : byte) << number;
     }
+    EXPECT_EQ(without, "\x81\x8D\x8F\x90\x9D");
     EXPECT_EQ(FromAnsi("\x80\x8E\x9F\xA0\xE4"), "\xE2\x82\xAC\xC5\xBD\xC5\xB8\xC2\xA0\xC3\xA4");
-    EXPECT_EQ(FromAnsi("a\x81z"), "a"s + kNone + "z");
-}
-
-TEST(AnsiTextTest, WhatTheCodePageLacksBecomesAQuestionMark)
-{
-    EXPECT_EQ(ToAnsi("a\xE6\x97\xA5\xF0\x9F\x94\xA7z"), "a??z");
-    EXPECT_EQ(ToAnsi("\xC4\x80"), "?");
+    EXPECT_EQ(ToAnsi("a\xE6\x97\xA5\xF0\x9F\x94\xA7z\xC4\x80"), "a??z?");
     for (const char* broken : {"\xC3xyz", "\xE4xyz", "\xFFxyz", "\x80xyz"})
     {
         EXPECT_EQ(ToAnsi(broken), "?xyz");

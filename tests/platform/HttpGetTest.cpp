@@ -6,9 +6,7 @@
 #include "tests/support/TestSystem.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <optional>
 #include <stop_token>
 #include <thread>
 #include <tuple>
@@ -77,6 +75,7 @@ TEST(HttpGetTest, WhatTheServerSendsArrives)
 
 TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
 {
+    const bool wine = test::RunsUnderWine();
     const auto head = FaultServer::Head(1000);
     const std::string part(500, 'x');
     const FaultServer::Script encoded{FaultServer::Send(
@@ -100,6 +99,9 @@ TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
         {"no HTTP", {FaultServer::Send("SSH-2.0-server\r\nsomething else\r\n")}, 12152},
         {"closed after the head", {head}, 12030},
         {"closed within the body", {head, FaultServer::Send(part)}, 12030},
+        {"reset within the body", {head, FaultServer::Send(part), FaultServer::Reset()}, 12031},
+        // Its cut Wine never sees.
+        {"cut chunk", FaultServer::Chunked(part, false), wine ? 0 : 12030},
         {"announced too large", {FaultServer::Head(5000)}, 223},
         {"too large", FaultServer::Chunked(std::string(2000, 'x')), 223},
         {"as large as allowed", FaultServer::Answer("200 OK", std::string(1500, 'x')), 0},
@@ -111,20 +113,10 @@ TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
         SCOPED_TRACE(name);
         FaultServer server;
         server.Play("/x", script);
-        EXPECT_EQ(CodeOf(server.Url("/x"), limits), code);
+        // Wine can lose a reset that comes fast.
+        EXPECT_THAT(CodeOf(server.Url("/x"), limits),
+                    AnyOf(code, wine && code == 12031 ? 12030 : code));
     }
-}
-
-TEST(HttpGetTest, ABreakWithinTheBodyIsNoticed)
-{
-    FaultServer server;
-    const std::string part(500, 'x');
-    server.Play("/reset", {FaultServer::Head(1000), FaultServer::Send(part), FaultServer::Reset()});
-    server.Play("/cut", FaultServer::Chunked(part, false));
-    // Wine can lose a reset that comes fast, and the cut of a chunk always.
-    const bool wine = test::RunsUnderWine();
-    EXPECT_THAT(CodeOf(server.Url("/reset"), kPatient), AnyOf(12031, wine ? 12030 : 12031));
-    EXPECT_EQ(CodeOf(server.Url("/cut"), kPatient), wine ? 0 : 12030);
 }
 
 TEST(HttpGetTest, AServerThatFallsSilentOrNeverEndsIsATimeout)
@@ -147,8 +139,7 @@ TEST(HttpGetTest, AServerThatFallsSilentOrNeverEndsIsATimeout)
     };
     for (const auto& [url, limits] : rows)
     {
-        SCOPED_TRACE(url);
-        EXPECT_EQ(CodeOf(url, limits), 12002);
+        EXPECT_EQ(CodeOf(url, limits), 12002) << url;
     }
 }
 
@@ -169,8 +160,7 @@ TEST(HttpGetTest, AddressesThatLeadNowhereAreToldApart)
     };
     for (const auto& [url, code] : rows)
     {
-        SCOPED_TRACE(url);
-        EXPECT_EQ(CodeOf(url, kPatient), code);
+        EXPECT_EQ(CodeOf(url, kPatient), code) << url;
     }
 }
 
@@ -204,26 +194,21 @@ TEST(HttpGetTest, AnErrorStatusDescribesItselfInReadableTextAndItsPageIsNotPasse
     }
 }
 
-TEST(HttpGetTest, TheSinksErrorEndsTheTransfer)
-{
-    FaultServer server;
-    server.Play("/x", {FaultServer::Head(1000), FaultServer::Send("x"), FaultServer::Hold()});
-    const auto full = [](auto) -> Result<Done> { return Error{error_code::kDiskFull, "full"}; };
-    EXPECT_EQ(HttpGet(server.Url("/x"), kPatient, full).Failure().description, "full");
-}
-
 // With limits of a minute these would hit the suite's time limit if a stop request were not heard.
-TEST(HttpGetTest, AStopRequestEndsAReadWhereverItIs)
+TEST(HttpGetTest, AStopRequestOrTheSinksErrorEndsAReadWhereverItIs)
 {
     FaultServer server;
     server.Play("/silent", {FaultServer::Hold()});
     server.Play("/stalls", {FaultServer::Head(9), FaultServer::Send("x"), FaultServer::Hold()});
+    const auto full = [](auto) -> Result<Done> { return Error{error_code::kDiskFull, "full"}; };
+    EXPECT_EQ(HttpGet(server.Url("/stalls"), kPatient, full).Failure().description, "full");
     for (const char* path : {"/silent", "/stalls"})
     {
         SCOPED_TRACE(path);
         std::stop_source stop;
+        const int before = server.CountOf(path);
         const std::jthread stopper([&] {
-            server.AwaitRequest(path);
+            server.AwaitRequest(path, before + 1);
             stop.request_stop();
         });
         EXPECT_EQ(CodeOf(server.Url(path), {10min, 10min}, nullptr, stop.get_token()), 12017);

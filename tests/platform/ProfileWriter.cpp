@@ -19,11 +19,9 @@ namespace
 
 using namespace velmo::platform;
 
-constexpr std::size_t kValueSize = 150;
-
 std::string ValueOf(int key)
 {
-    return std::string(kValueSize, static_cast<char>('a' + key % 26));
+    return std::string(150, static_cast<char>('a' + key % 26));
 }
 
 bool IsWhole(const Profile& profile)
@@ -44,10 +42,7 @@ bool IsWhole(const Profile& profile)
 bool Write(const std::string& file, const std::string& section, int key)
 {
     const auto written = WritePrivateProfileText(section, std::to_string(key), ValueOf(key), file);
-    if (!written)
-    {
-        std::cerr << written.Failure().description << '\n';
-    }
+    std::cerr << (written ? "" : written.Failure().description + "\n");
     return written.Ok();
 }
 
@@ -55,25 +50,22 @@ bool Write(const std::string& file, const std::string& section, int key)
 
 int main(int argc, char** argv)
 {
-    if (argc < 4)
-    {
-        return 1;
-    }
-    const std::string file = MFile::FromCommandLine(argv[1]);
-    const std::string section = argv[2];
-    const int writes = std::atoi(argv[3]);
-    if (MFile::FileExists(file) ? !IsWhole(ReadProfile(file)) : !Write(file, "First", 0))
+    using std::chrono::steady_clock;
+    const std::string file = argc < 4 ? "" : MFile::FromCommandLine(argv[1]);
+    if (argc < 4 ||
+        (MFile::FileExists(file) ? !IsWhole(ReadProfile(file)) : !Write(file, "First", 0)))
     {
         std::cerr << "torn\n";
         return 2;
     }
+    const std::string section = argv[2];
+    const int writes = std::atoi(argv[3]);
     std::atomic<int> done = 0;
     std::atomic<bool> failed = false;
     const auto write = [&](bool endless) {
-        for (int key = 0; endless || key < writes; ++key)
+        for (int key = 0; endless || key < writes; ++key, ++done)
         {
             failed = failed || !Write(file, section, key % 100);
-            ++done;
         }
     };
     if (argc > 4)
@@ -83,9 +75,8 @@ int main(int argc, char** argv)
         {
             std::this_thread::yield();
         }
-        const auto end =
-            std::chrono::steady_clock::now() + std::chrono::microseconds(std::atoi(argv[4]));
-        while (std::chrono::steady_clock::now() < end)
+        const auto end = steady_clock::now() + std::chrono::microseconds(std::atoi(argv[4]));
+        while (steady_clock::now() < end)
         {}
         std::_Exit(failed ? 3 : 0);
     }

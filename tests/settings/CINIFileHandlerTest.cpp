@@ -5,11 +5,11 @@
 #include "tests/support/TemporaryDesktop.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
+#include <tuple>
 
 namespace velmo
 {
@@ -50,9 +50,8 @@ TEST_F(CINIFileHandlerTest, ABooleanIsTheWordTrueOrANumberOtherThanZero)
     };
     for (const auto& [value, meaning] : kRows)
     {
-        SCOPED_TRACE(value);
         Hold(value);
-        EXPECT_EQ(m_handler.MyGetAppProfileBoolean("S", "k", !meaning), meaning);
+        EXPECT_EQ(m_handler.MyGetAppProfileBoolean("S", "k", !meaning), meaning) << value;
     }
     EXPECT_TRUE(m_handler.MyGetAppProfileBoolean("S", "none", true));
     EXPECT_FALSE(m_handler.MyGetAppProfileBoolean("S", "none", false));
@@ -76,17 +75,14 @@ TEST_F(CINIFileHandlerTest, IntegersAreLenientRoundedAndChecked)
 
 TEST_F(CINIFileHandlerTest, ASingleReadsACommaUnderAPointLocaleButNotTheOtherWayRound)
 {
-    Hold("2,5");
-    EXPECT_EQ(Single('.', 0), 2.5F);
-    EXPECT_EQ(Single(',', 0), 2.0F);
-    Hold("2.5");
-    EXPECT_EQ(Single('.', 0), 2.5F);
-    EXPECT_EQ(Single(',', 0), 2.0F);
-    EXPECT_EQ(Single('\'', 0), 2.5F);
-    Hold("1,234,5");
-    EXPECT_EQ(Single('.', 0), 1.234F);
-    Hold("1e300");
-    EXPECT_EQ(Single('.', 0), std::numeric_limits<float>::max());
+    const std::tuple<const char*, char, float> rows[] = {
+        {"2,5", '.', 2.5F}, {"2,5", ',', 2.0F},  {"2.5", '.', 2.5F},
+        {"2.5", ',', 2.0F}, {"2.5", '\'', 2.5F}, {"1e300", '.', std::numeric_limits<float>::max()}};
+    for (const auto& [text, mark, number] : rows)
+    {
+        Hold(text);
+        EXPECT_EQ(Single(mark, 0), number) << text << " " << mark;
+    }
     m_desktop.Write("VelmoUpd.ini", "");
     EXPECT_EQ(Single('.', 0.1F), 0.1F);
     EXPECT_EQ(Single('.', -4.5e7F), -4.5e7F);

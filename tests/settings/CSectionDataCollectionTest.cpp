@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace velmo
 {
@@ -11,21 +10,19 @@ namespace
 {
 
 /// "[name]", then its entries as "<name>=<value>", for all sections in their order.
-std::vector<std::string> Contents(const CSectionDataCollection& sections)
+std::string Contents(const CSectionDataCollection& sections)
 {
-    std::vector<std::string> lines;
+    std::string text;
     for (const CSectionData& section : sections)
     {
-        lines.push_back("[" + section.Name + "]");
+        text += "[" + section.Name + "]";
         for (const CEntry& entry : section.Entries)
         {
-            lines.push_back("<" + entry.Name + ">=<" + entry.Value + ">");
+            text += "<" + entry.Name + ">=<" + entry.Value + ">";
         }
     }
-    return lines;
+    return text;
 }
-
-using Lines = std::vector<std::string>;
 
 TEST(CEntriesTest, AnEntryIsFoundByPositionAndByNameInAnyCase)
 {
@@ -78,9 +75,8 @@ TEST(LoadSectionDataTest, LinesBecomeSectionsAndEntriesUntrimmed)
                                           "=nameless\nK =second\nk=third\nK=fourth\n"
                                           "\xC3\xA4[Fans]\xC3\xA4\n[open=1\nx]\n"
                                           "[PUMPS]\nlost=1\n[]\nlast=1");
-    EXPECT_EQ(Contents(sections),
-              (Lines{"[Pumps]", "< k >=< a=b >", "<>=<nameless>", "<K >=<second>", "<k>=<third>",
-                     "[[Fans]]", "<[open>=<1>", "[]", "<last>=<1>"}));
+    EXPECT_EQ(Contents(sections), "[Pumps]< k >=< a=b ><>=<nameless><K >=<second><k>=<third>"
+                                  "[[Fans]]<[open>=<1>[]<last>=<1>");
     EXPECT_EQ(sections.Item("pumps")->Entries.Item("K")->Value, "third");
     EXPECT_EQ(LoadSectionData("").Count(), 0U);
 }

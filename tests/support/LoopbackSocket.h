@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -8,10 +7,8 @@
 namespace velmo::test
 {
 
-/**
-    A TCP socket on 127.0.0.1, of either system. Movable; closes itself. Shutdown() and Reset() may be
-    called while another thread uses the socket. Making one throws std::runtime_error when it fails.
- */
+/// A TCP socket on 127.0.0.1, of either system. Movable; closes itself. Shutdown() and Reset() may be
+/// called while another thread uses the socket. Making one throws std::runtime_error when it fails.
 class LoopbackSocket
 {
   public:
@@ -70,9 +67,9 @@ class DeadPort
 
   private:
     LoopbackSocket m_listener = LoopbackSocket::Listening(0);
-    std::array<LoopbackSocket, 3> m_queue{LoopbackSocket::Connecting(m_listener.Port()),
-                                          LoopbackSocket::Connecting(m_listener.Port()),
-                                          LoopbackSocket::Connecting(m_listener.Port())};
+    LoopbackSocket m_queue[3]{LoopbackSocket::Connecting(Number()),
+                              LoopbackSocket::Connecting(Number()),
+                              LoopbackSocket::Connecting(Number())};
 };
 
 /// A port of 127.0.0.1 that refuses connections: nobody listens there.

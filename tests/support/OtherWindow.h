@@ -15,8 +15,4 @@ void PressButton(const std::string& title, char mnemonic);
 /// Closes the window by its frame.
 void CloseByFrame(const std::string& title);
 
-/// Ends the program that shows a window of that title, if there is one, without asking it: what a
-/// failed test leaves behind must not meet the next one.
-void EndProgramOf(const std::string& title);
-
 } // namespace velmo::test

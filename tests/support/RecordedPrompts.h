@@ -12,18 +12,17 @@ namespace velmo::test
 class RecordedPrompts final : public UserPrompts
 {
   public:
+    struct Notice
+    {
+        PromptIcon icon;
+        std::string text, title;
+    };
+    std::vector<Notice> notices;
+
     void Notify(PromptIcon icon, const std::string& text, const std::string& title) override
     {
         notices.push_back({icon, text, title});
     }
-
-    struct Notice
-    {
-        PromptIcon icon;
-        std::string text;
-        std::string title;
-    };
-    std::vector<Notice> notices;
 
     /// The notices as "title|text".
     [[nodiscard]] std::vector<std::string> Lines() const

@@ -36,6 +36,11 @@ T Require(Result<T> result, std::string_view what)
 
 } // namespace
 
+std::string TestDataPath(std::string_view relative)
+{
+    return BuildMachinePath(VELMO_TEST_DATA "/" + std::string(relative));
+}
+
 TemporaryDesktop::TemporaryDesktop() : m_folder(NewFolder()), m_opened(NewDesktop(m_folder)) {}
 
 std::string TemporaryDesktop::Write(std::string_view name, std::string_view bytes) const
@@ -48,8 +53,9 @@ std::string TemporaryDesktop::Write(std::string_view name, std::string_view byte
 
 std::string TemporaryDesktop::WriteProgram(std::string_view name) const
 {
+    using namespace std::filesystem;
     std::string path = Write(name, StartableProgram());
-    MakeStartable(path);
+    permissions(NativePath(path), perms::owner_exec, perm_options::add);
     return path;
 }
 
@@ -82,7 +88,7 @@ void TemporaryDesktop::SetPolicy(std::string_view name, std::string_view value) 
 std::string TemporaryDesktop::PathOf(std::string_view name) const
 {
     const bool isPath = name.find(':') != std::string_view::npos || name.starts_with('/');
-    return (isPath ? std::string() : m_folder) + std::string(name);
+    return (isPath ? "" : m_folder) + std::string(name);
 }
 
 } // namespace velmo::test

@@ -8,13 +8,10 @@
 namespace velmo::test
 {
 
-/**
-    A fresh desktop for one test: nothing of the vendor's is installed, no setting and no policy is set.
-    Natively a folder of its own that VELMO_HOME names meanwhile. On Windows the files are in a folder
-    of their own, but the stores that programs share are the machine's: suites that use them say
-    DESKTOP in their velmo_suite(). Everything is removed at the end. A step that fails throws
-    std::runtime_error.
- */
+/// A fresh desktop for one test: nothing of the vendor's is installed, no setting and no policy is set.
+/// Natively a folder of its own that VELMO_HOME names. On Windows the files are in a folder of their
+/// own, but the stores that programs share are the machine's: suites that use them say DESKTOP in their
+/// velmo_suite(). Everything is removed at the end. A step that fails throws std::runtime_error.
 class TemporaryDesktop
 {
   public:

@@ -27,9 +27,6 @@ namespace velmo::test
 /// The bytes of a program that does nothing and ends at once.
 [[nodiscard]] std::string StartableProgram();
 
-/// Lets the system start a file (a Windows path) that was just written.
-void MakeStartable(std::string_view file);
-
 /// The program's path of a file that lies on the machine that builds, given as that machine has it;
 /// under Wine its root is drive Z:.
 [[nodiscard]] std::string BuildMachinePath(std::string path);

@@ -2,15 +2,12 @@
 #include "app/ProgramsPage.h"
 #include "platform/DesktopFolders.h"
 #include "platform/MFile.h"
-#include "platform/Processes.h"
-#include "tests/support/FakeBrowser.h"
 #include "tests/ui/WindowUnderTest.h"
 #include "ui/BrowserPane.h"
 #include "ui/LinkGrid.h"
 #include "ui/ListView.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <wx/bookctrl.h>
 #include <wx/clipbrd.h>
@@ -50,30 +47,23 @@ class ActionsTest : public testing::Test
     WindowDesktop m_desktop;
 };
 
-TEST_F(ActionsTest, TheReminderComesFirstAndThenTheListedAddressOpens)
-{
-    const FakeBrowser browser(m_desktop.desktop);
-    WindowUnderTest test(platform::OpenThroughShell);
-    Open(test, "Loadcalc 8");
-    const auto opensAfter = [&](const char* button) {
-        const std::size_t before = browser.Opened().size();
-        test.Press(button);
-        test.WaitFor(button, [&] { return browser.Opened().size() > before; });
-        return browser.Opened().back();
-    };
-    EXPECT_EQ(opensAfter("cmdDownloadUpdate"), "http://setups.example/lc8.exe");
-    EXPECT_EQ(test.prompts.notices.size(), 1U);
-    EXPECT_EQ(opensAfter("cmdGoToUpdatePage"), Server("/web/hvacr/loadcalc8_ver.html"));
-    EXPECT_EQ(opensAfter("cmdGoToInfoPage"), Server("/web/hvacr/loadcalc_info.html"));
-}
-
-TEST_F(ActionsTest, AnAddressThatIsNoWebAddressIsNotOpened)
+TEST_F(ActionsTest, TheButtonsOpenWhatTheyNameAndARefusedAddressIsNotOpened)
 {
     WindowUnderTest test;
-    Open(test, "Pipesize 3");
+    Open(test, "Loadcalc 8");
+    for (const char* button : {"cmdDownloadUpdate", "cmdGoToUpdatePage", "cmdGoToInfoPage"})
+    {
+        test.Press(button);
+    }
+    const auto loadcalcs =
+        ElementsAre("http://setups.example/lc8.exe", Server("/web/hvacr/loadcalc8_ver.html"),
+                    Server("/web/hvacr/loadcalc_info.html"));
+    EXPECT_THAT(test.opened, loadcalcs);
+    EXPECT_EQ(test.prompts.notices.size(), 1U);
+    test.manager.Programs().List().Select("Pipesize 3"); // Its address is no web address.
     test.Press("cmdDownloadUpdate");
-    EXPECT_EQ(test.prompts.notices.size(), 1U) << "the reminder comes all the same";
-    EXPECT_TRUE(test.opened.empty());
+    EXPECT_EQ(test.prompts.notices.size(), 2U) << "the reminder comes all the same";
+    EXPECT_THAT(test.opened, loadcalcs);
 }
 
 TEST_F(ActionsTest, TheMenuCopiesCaptionsAndStatesButForTheDownloads)
@@ -90,18 +80,12 @@ TEST_F(ActionsTest, TheMenuCopiesCaptionsAndStatesButForTheDownloads)
         << "the program does not start the update manager";
     Choose(menu, "Go to Info Page for Loadcalc 8");
     EXPECT_THAT(test.opened, ElementsAre(Server("/web/hvacr/loadcalc_info.html")));
-}
-
-TEST_F(ActionsTest, WithoutASelectedProgramTheMenusDownloadDoesNothing)
-{
-    WindowUnderTest test;
-    Open(test, "");
-    wxMenu menu;
-    test.Find<ProgramsPage>("picHoldPrograms").FillMenu(menu);
-    EXPECT_EQ(EntriesOf(menu).substr(0, 10), "&Download\n");
-    Choose(menu, "Download");
-    EXPECT_THAT(test.prompts.Lines(), testing::IsEmpty());
-    EXPECT_THAT(test.opened, testing::IsEmpty());
+    test.manager.Programs().List().Select("");
+    wxMenu ofNone;
+    page.FillMenu(ofNone);
+    EXPECT_EQ(EntriesOf(ofNone).substr(0, 10), "&Download\n");
+    Choose(ofNone, "Download");
+    EXPECT_EQ(test.opened.size() + test.prompts.notices.size(), 1U) << "nothing";
 }
 
 TEST_F(ActionsTest, TheSelectedProgramsPageIsShownWhereARunThroughTheListStops)

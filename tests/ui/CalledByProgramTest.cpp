@@ -1,3 +1,4 @@
+#include "app/CCheckOtherInstance.h"
 #include "platform/MFile.h"
 #include "platform/Processes.h"
 #include "sample/EquipmentDatabaseFile.h"
@@ -35,15 +36,6 @@ class CalledByProgramTest : public testing::Test
                                 "[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
     }
 
-    /// What a failed test left on the screen goes with its program.
-    ~CalledByProgramTest() override
-    {
-        for (const char* title : {kReminder, kQuestion, kNotice, kMainWindow})
-        {
-            EndProgramOf(title);
-        }
-    }
-
     /// What the vendor has: that revision of the program, and the database of that date.
     void Publish(const char* revision, const char* released)
     {
@@ -54,17 +46,18 @@ class CalledByProgramTest : public testing::Test
                                  released + "\r\n");
     }
 
+    static platform::StartedProgram Start(const char* program, const std::string& arguments)
+    {
+        const auto started = platform::StartProgram(MFile::FromCommandLine(program), arguments,
+                                                    platform::WindowState::Normal);
+        return started ? started.Value() : throw std::runtime_error(started.Failure().description);
+    }
+
     static platform::StartedProgram StartLoadcalc()
     {
-        const auto started = platform::StartProgram(
-            MFile::FromCommandLine(VELMO_SAMPLE_PROGRAM),
-            "--wait --update-manager " + MFile::FromCommandLine(VELMO_PROGRAM) + " Loadcalc 8",
-            platform::WindowState::Normal);
-        if (!started)
-        {
-            throw std::runtime_error(started.Failure().description);
-        }
-        return started.Value();
+        return Start(VELMO_SAMPLE_PROGRAM, "--wait --update-manager " +
+                                               MFile::FromCommandLine(VELMO_PROGRAM) +
+                                               " Loadcalc 8");
     }
 
     void Await(const char* title)
@@ -124,6 +117,22 @@ TEST_F(CalledByProgramTest, YesShowsTheMainWindow)
     CloseByFrame(kMainWindow);
     EXPECT_EQ(ExitCodeOf(program), 0);
     EXPECT_NE(m_desktop.Setting("Main Window", "Left"), "(none)");
+}
+
+TEST_F(CalledByProgramTest, ASecondStartBringsTheMinimisedFirstBack)
+{
+    CCheckOtherInstance instances;
+    ASSERT_FALSE(instances.OtherInstanceRuns(kMainWindowCaption, kMainWindowClass));
+    WindowUnderTest test;
+    const platform::InstanceListener listener(kInstanceName, test.loop,
+                                              [&] { return test.window->ComeForward(); });
+    test.window->Open("");
+    test.window->Iconize();
+    test.WaitFor("the window to be minimised", [&] { return test.window->IsIconized(); });
+    const auto second = Start(VELMO_PROGRAM, "");
+    test.WaitFor("the window to come back", [&] { return !test.window->IsIconized(); });
+    EXPECT_TRUE(test.window->IsShown());
+    EXPECT_EQ(ExitCodeOf(second), 0);
 }
 
 } // namespace

@@ -102,53 +102,41 @@ TEST_F(EquipmentTest, TheMarkMenuDoesWhatItSays)
     Show(kList);
     wxMenu menu;
     m_test.Find<EquipmentPage>("picHoldEquipment").FillMarkMenu(menu);
-    EXPECT_EQ(EntriesOf(menu),
-              "Mark All Databases that Need Updating\n"
-              "Mark All Databases Except Ones that are Installed and Up to Date\n-\n"
-              "Mark All Pictures that Need Updating\n"
-              "Mark All Pictures Except Ones that are Installed and Up to Date\n-\n"
-              "Clear All Databases\nClear All Pictures\n-\n"
-              "Mark All Databases\nMark All Pictures\n");
-    const std::array<std::pair<const char*, const char*>, 6> commands{{
-        {"Mark All Databases that Need Updating", "DB: 1, Pic: 0, 100 Bytes"},
-        {"Mark All Databases", "DB: 2, Pic: 0, 130 Bytes"},
-        {"Mark All Pictures", "DB: 2, Pic: 1, 180 Bytes"},
-        {"Clear All Databases", "DB: 0, Pic: 1, 50 Bytes"},
-        {"Clear All Pictures", "DB: 0, Pic: 0, 0 Bytes"},
-        {"Mark All Pictures Except Ones that are Installed and Up to Date",
-         "DB: 0, Pic: 1, 50 Bytes"},
-    }};
-    for (const auto& [caption, summary] : commands)
+    std::string entries;
+    for (const MarkCommand& command : kMarkCommands)
     {
-        Choose(menu, caption);
-        EXPECT_EQ(Summary(), summary) << caption;
+        entries += (command.beginsGroup ? "-\n" : "") + std::string(command.caption) + "\n";
+    }
+    EXPECT_EQ(EntriesOf(menu), entries);
+    constexpr std::array<const char*, 8> kSummaries{
+        "DB: 1, Pic: 0, 100 Bytes", "DB: 2, Pic: 0, 130 Bytes", "DB: 2, Pic: 0, 130 Bytes",
+        "DB: 2, Pic: 1, 180 Bytes", "DB: 0, Pic: 1, 50 Bytes",  "DB: 0, Pic: 0, 0 Bytes",
+        "DB: 2, Pic: 0, 130 Bytes", "DB: 2, Pic: 1, 180 Bytes"};
+    for (std::size_t i = 0; i < kMarkCommands.size(); ++i)
+    {
+        Choose(menu, kMarkCommands[i].caption.data());
+        EXPECT_EQ(Summary(), kSummaries[i]) << kMarkCommands[i].caption;
     }
 }
 
-TEST_F(EquipmentTest, ColumnsAreAsWideAsTheirTextsAndHeadersSayWhatStandsThere)
+TEST_F(EquipmentTest, ColumnsAreAsWideAsTheirTextsAndRawBytesAreHidden)
 {
     Show(kList);
-    Grid& grid = Equipment();
-    wxString headers;
+    const Grid& grid = Equipment();
+    const auto& columns = m_test.manager.Equipment().Grid().Model().Columns();
+    ASSERT_EQ(static_cast<std::size_t>(grid.GetNumberCols()), columns.size());
     for (int column = 0; column < grid.GetNumberCols(); ++column)
     {
         wxString header = grid.GetColLabelValue(column);
-        header.Replace("\n", " ");
-        headers += grid.IsColShown(column) ? header + "|" : wxString();
-        int width = 0;
+        header.Replace("\n", "\r\n");
+        EXPECT_EQ(header, columns[static_cast<std::size_t>(column)].header);
+        EXPECT_EQ(grid.IsColShown(column), !columns[static_cast<std::size_t>(column)].hidden);
         for (int row = 0; row < grid.GetNumberRows() && grid.IsColShown(column); ++row)
         {
-            width = std::max(width, grid.GetTextExtent(grid.GetCellValue(row, column)).x);
+            EXPECT_LE(grid.GetTextExtent(grid.GetCellValue(row, column)).x, grid.GetColSize(column))
+                << header;
         }
-        EXPECT_LE(width, grid.GetColSize(column)) << header;
     }
-    EXPECT_EQ(headers,
-              "Section Name|MDB EXE|Install Database|Picture EXE|Install Pictures|"
-              "Database File Size|Pictures File Size|Manufacturer Name|Database File|"
-              "Database Installed Version|Database Latest Version|Need to Update Database|"
-              "Pictures Installed Version|Pictures Latest Version|Need to Update Pictures| AC| HP|"
-              " GSHP|Oil Furn|NG Furn|Pr Furn|NG/Pr Furn|Oil Boil|NG Boil|Pr Boil|NG/Pr Boil|"
-              "2 Sp AC|2 Sp GSHP|2 Sp Furn|Wtr Htr|");
     EXPECT_GT(grid.GetColSize(kManufacturer), grid.GetColSize(kSection));
 }
 
@@ -166,14 +154,12 @@ TEST_F(EquipmentTest, SectionsHaveTheirColoursAndSharedValuesStandOnce)
     // A text in the middle of two rows crosses the border between them.
     const auto crosses = [&](int column) {
         const wxRect lower = grid.CellToRect(1, column);
-        for (int x = lower.x + 1; x < lower.GetRight(); ++x)
+        int x = lower.x + 1;
+        while (x < lower.GetRight() && At(picture, {x, grid.GetDefaultRowSize()}) == background(0))
         {
-            if (At(picture, {x, grid.GetDefaultRowSize()}) != background(0))
-            {
-                return true;
-            }
+            ++x;
         }
-        return false;
+        return x < lower.GetRight();
     };
     EXPECT_TRUE(crosses(kSection));
     EXPECT_FALSE(crosses(kFile));

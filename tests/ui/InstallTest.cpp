@@ -22,13 +22,11 @@ namespace
 
 namespace MFile = platform::MFile;
 
-constexpr char kList[] = "[Manufver General]\r\nServer Address HTTP=%SERVER%\r\n"
-                         "[Birchmere]\r\nMDBSetupFileSize=8000000\r\n"
-                         "1ManufacturerName=Birchmere Comfort\r\n1MDBFilename=birchmere1.mdb\r\n"
-                         "1ReleaseDate=3/4/2026\r\n"
-                         "[Ashgrove]\r\nMDBSetupFileSize=300000\r\n"
-                         "1ManufacturerName=Ashgrove Air\r\n1MDBFilename=ashgrove1.mdb\r\n"
-                         "1ReleaseDate=5/6/2026\r\n";
+constexpr char kList[] =
+    "[Birchmere]\r\nMDBSetupFileSize=8000000\r\n1MDBFilename=birchmere1.mdb\r\n"
+    "1ReleaseDate=3/4/2026\r\n"
+    "[Ashgrove]\r\nMDBSetupFileSize=300000\r\n1MDBFilename=ashgrove1.mdb\r\n"
+    "1ReleaseDate=5/6/2026\r\n";
 constexpr char kSetupPath[] = "/pub/mervala/mdb/birchmere.exe";
 constexpr std::size_t kSetupSize = 8'000'000;
 
@@ -37,24 +35,14 @@ std::string DatabaseOf(std::chrono::year_month_day released)
     return sample::EquipmentDatabaseFile("birchmere1.mdb", released);
 }
 
-/// A real setup that installs the database of that date.
-std::string SetupOf(std::chrono::year_month_day released)
-{
-    const auto program = MFile::ReadAll(MFile::FromCommandLine(VELMO_SETUP_PROGRAM));
-    EXPECT_TRUE(program);
-    return sample::WithPayload(program.Value(), {{"birchmere1.mdb", DatabaseOf(released)}},
-                               kSetupSize);
-}
-
 class InstallTest : public testing::Test
 {
   protected:
     InstallTest()
     {
         using namespace std::chrono;
-        std::string list = kList;
-        list.replace(list.find("%SERVER%"), 8, m_desktop.server.Url(""));
-        m_desktop.ServeLists("[News Headlines]\r\n", list);
+        m_desktop.ServeLists("[News Headlines]\r\n", "[Manufver General]\r\nServer Address HTTP=" +
+                                                         m_desktop.server.Url("") + "\r\n" + kList);
         m_desktop.desktop.Write("Common\\birchmere1.mdb", DatabaseOf(2025y / 1 / 2));
     }
 
@@ -87,7 +75,11 @@ class InstallTest : public testing::Test
 TEST_F(InstallTest, WhatIsTickedIsDownloadedInstalledAndShownAsInstalled)
 {
     using namespace std::chrono;
-    m_desktop.server.Serve(kSetupPath, SetupOf(2026y / 3 / 4));
+    const auto setup = MFile::ReadAll(MFile::FromCommandLine(VELMO_SETUP_PROGRAM));
+    m_desktop.server.Serve(kSetupPath,
+                           sample::WithPayload(setup.Value(),
+                                               {{"birchmere1.mdb", DatabaseOf(2026y / 3 / 4)}},
+                                               kSetupSize));
     WindowUnderTest test;
     std::string lines;
     std::string overall;

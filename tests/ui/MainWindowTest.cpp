@@ -15,8 +15,6 @@
 #include <wx/statusbr.h>
 #include <wx/textctrl.h>
 
-#include <array>
-
 namespace velmo::test
 {
 namespace
@@ -24,14 +22,17 @@ namespace
 
 constexpr char kVersionList[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=16\r\n";
 
-std::string Label(const wxWindow& control)
+/// A desktop for the window, whose server has that list.
+class MainWindowTest : public testing::Test
 {
-    return control.GetLabel().utf8_string();
-}
+  protected:
+    MainWindowTest() { m_desktop.ServeLists(kVersionList); }
 
-TEST(MainWindowTest, BearsItsCaptionItsTabsItsMenusAndItsColumns)
+    WindowDesktop m_desktop;
+};
+
+TEST_F(MainWindowTest, BearsItsCaptionItsTabsItsMenusAndItsColumns)
 {
-    const WindowDesktop desktop;
     WindowUnderTest test;
     EXPECT_EQ(test.window->GetTitle(), "Velmo Software Update Manager");
     EXPECT_FALSE(test.window->IsShown()) << "loading does not show the window";
@@ -63,31 +64,29 @@ TEST(MainWindowTest, BearsItsCaptionItsTabsItsMenusAndItsColumns)
                        "Need to Update|");
 }
 
-TEST(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
+TEST_F(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
 {
-    WindowDesktop desktop;
-    desktop.ServeLists(kVersionList);
-    desktop.InstallLoadcalc();
+    m_desktop.InstallLoadcalc();
     WindowUnderTest test;
     test.window->Open("  Loadcalc 8 ");
     EXPECT_TRUE(test.window->IsShown());
     EXPECT_EQ(test.manager.Programs().Selected()->Name(), "Loadcalc 8");
     const auto& stats = test.Find<wxStaticText>("lblStats");
-    EXPECT_EQ(Label(stats), "Need to Update:  Programs: 0, Databases: 0, Pictures: 0");
+    EXPECT_EQ(stats.GetLabel(), "Need to Update:  Programs: 0, Databases: 0, Pictures: 0");
     EXPECT_EQ(stats.GetFont().GetWeight(), wxFONTWEIGHT_NORMAL);
     ASSERT_EQ(test.loop.Waiting(kOpeningTimer), 1U);
-    EXPECT_EQ(desktop.Fetches(), 0);
+    EXPECT_EQ(m_desktop.Fetches(), 0);
     test.loop.Fire(kOpeningTimer);
     EXPECT_TRUE(test.manager.Lists().Succeeded());
     EXPECT_EQ(test.loop.Waiting(kOpeningTimer), 0U) << "once";
-    EXPECT_EQ(desktop.Fetches(), 1);
+    EXPECT_EQ(m_desktop.Fetches(), 1);
     EXPECT_EQ(test.Find<wxTextCtrl>("txtStatus").GetValue().utf8_string(),
               "Attempting to connect...\nVersion information successfully downloaded\n"
               "Program and database lists have been refreshed");
-    EXPECT_EQ(Label(stats), "Need to Update:  Programs: 1, Databases: 0, Pictures: 0");
+    EXPECT_EQ(stats.GetLabel(), "Need to Update:  Programs: 1, Databases: 0, Pictures: 0");
     EXPECT_EQ(stats.GetFont().GetWeight(), wxFONTWEIGHT_BOLD);
-    EXPECT_EQ(Label(test.Find<wxButton>("cmdDownloadUpdate")), "&Download Update for Loadcalc 8");
-    EXPECT_EQ(Label(test.Find<wxButton>("cmdGoToUpdatePage")), "&Go to Update Page for Loadcalc 8");
+    EXPECT_EQ(TextsOf(*test.window, {"cmdDownloadUpdate", "cmdGoToUpdatePage"}),
+              "Download Update for Loadcalc 8|Go to Update Page for Loadcalc 8|");
     auto& list = test.Find<ListView>("lvwMain");
     EXPECT_EQ(list.GetItemCount(), 33);
     EXPECT_EQ(list.GetItemText(4, 3), "8.02.16");
@@ -95,39 +94,35 @@ TEST(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
     EXPECT_EQ(test.prompts.notices[0].title, "Need to Update") << "of the program that was named";
 }
 
-TEST(MainWindowTest, TheTimerWaitsForAnOpenWindowToBeClosed)
+TEST_F(MainWindowTest, TheTimerWaitsForAnOpenWindowToBeClosed)
 {
-    WindowDesktop desktop;
-    desktop.ServeLists(kVersionList);
     WindowUnderTest test;
     test.window->Open("");
     WhenShown("frmAbout", [&](wxWindow& about) {
         test.loop.Fire(kOpeningTimer);
-        EXPECT_EQ(desktop.Fetches(), 0);
+        EXPECT_EQ(m_desktop.Fetches(), 0);
         EXPECT_FALSE(test.window->Close()) << "nor does the window close";
         Press(about, "cmdOK");
     });
     Choose(*test.window->GetMenuBar()->GetMenu(1), "About Update Manager...");
     test.loop.Fire(kOpeningTimer);
-    EXPECT_EQ(desktop.Fetches(), 1);
+    EXPECT_EQ(m_desktop.Fetches(), 1);
     EXPECT_TRUE(test.window->Close());
 }
 
-TEST(MainWindowTest, CancelIsSeenWhileTheServerIsSilentAndClosingIsRefusedUntilThen)
+TEST_F(MainWindowTest, CancelIsSeenWhileTheServerIsSilentAndClosingIsRefusedUntilThen)
 {
-    WindowDesktop desktop;
-    desktop.ServeLists(kVersionList);
-    desktop.server.Play("/pub/demo/version.ini",
-                        {FaultServer::Hold(), FaultServer::Answer("200 OK", kVersionList)[0]});
+    m_desktop.server.Play("/pub/demo/version.ini",
+                          {FaultServer::Hold(), FaultServer::Answer("200 OK", kVersionList)[0]});
     WindowUnderTest test;
     test.window->Open("");
-    EXPECT_EQ(Label(test.Find<wxButton>("cmdReconnect")), "&Refresh Lists");
-    When([&] { return desktop.Fetches() == 1; },
+    EXPECT_EQ(TextOf(*test.window, "cmdReconnect"), "Refresh Lists");
+    When([&] { return m_desktop.Fetches() == 1; },
          [&] {
-             EXPECT_EQ(Label(test.Find<wxButton>("cmdReconnect")), "&Cancel");
+             EXPECT_EQ(TextOf(*test.window, "cmdReconnect"), "Cancel");
              EXPECT_FALSE(test.window->Close()) << "a fetch is under way";
              test.Press("cmdReconnect");
-             desktop.server.Release("/pub/demo/version.ini");
+             m_desktop.server.Release("/pub/demo/version.ini");
          });
     test.Press("cmdReconnect");
     EXPECT_TRUE(test.manager.StatusBox().Text().ends_with("Connection Canceled\r\n"));
@@ -135,12 +130,11 @@ TEST(MainWindowTest, CancelIsSeenWhileTheServerIsSilentAndClosingIsRefusedUntilT
     EXPECT_TRUE(test.window->Close());
 }
 
-TEST(MainWindowTest, ClosingDeletesTheListsAndRemembersTheWindow)
+TEST_F(MainWindowTest, ClosingDeletesTheListsAndRemembersTheWindow)
 {
-    WindowDesktop desktop;
-    desktop.ServeLists(kVersionList);
-    desktop.WriteSettings(std::string(kNoAutoConnect) +
-                          "[Main Window]\r\nLeft=900\r\nTop=600\r\nWidth=13500\r\nHeight=9600\r\n");
+    m_desktop.WriteSettings(
+        std::string(kNoAutoConnect) +
+        "[Main Window]\r\nLeft=900\r\nTop=600\r\nWidth=13500\r\nHeight=9600\r\n");
     {
         WindowUnderTest test;
         test.OpenAndFetch();
@@ -152,13 +146,13 @@ TEST(MainWindowTest, ClosingDeletesTheListsAndRemembersTheWindow)
     }
     EXPECT_FALSE(platform::MFile::FileExists(platform::ProgramFolder() + "version.ini"));
     EXPECT_FALSE(platform::MFile::FileExists(platform::ProgramFolder() + "manufver.ini"));
-    EXPECT_EQ(desktop.Setting("Program List", "ColumnHeaderWidth1"), "2550");
-    EXPECT_NE(desktop.Setting("Program List", "ColumnHeaderWidth5"), "(none)");
-    EXPECT_EQ(desktop.Setting("Program List", "ColumnHeaderWidth6"), "(none)");
-    EXPECT_NE(desktop.Setting("Main Window", "SliderTopPrograms"), "(none)");
-    EXPECT_EQ(desktop.Setting("Main Window", "SliderTopPrograms"),
-              desktop.Setting("Main Window", "SliderTopDesign"));
-    EXPECT_EQ(desktop.Setting("Main Window", "State"), "0");
+    EXPECT_EQ(m_desktop.Setting("Program List", "ColumnHeaderWidth1"), "2550");
+    EXPECT_NE(m_desktop.Setting("Program List", "ColumnHeaderWidth5"), "(none)");
+    EXPECT_EQ(m_desktop.Setting("Program List", "ColumnHeaderWidth6"), "(none)");
+    EXPECT_NE(m_desktop.Setting("Main Window", "SliderTopPrograms"), "(none)");
+    EXPECT_EQ(m_desktop.Setting("Main Window", "SliderTopPrograms"),
+              m_desktop.Setting("Main Window", "SliderTopDesign"));
+    EXPECT_EQ(m_desktop.Setting("Main Window", "State"), "0");
 
     WindowUnderTest again;
     EXPECT_EQ(again.window->GetSize(), wxSize(900, 640));
@@ -167,14 +161,13 @@ TEST(MainWindowTest, ClosingDeletesTheListsAndRemembersTheWindow)
     EXPECT_EQ(again.manager.Programs().List().Columns()[0].width, 2550);
 }
 
-TEST(MainWindowTest, AWindowThatStoodOffTheScreenComesBackOntoIt)
+TEST_F(MainWindowTest, AWindowThatStoodOffTheScreenComesBackOntoIt)
 {
     for (const char* left : {"900000", "-900000", "1e30", "x"})
     {
         SCOPED_TRACE(left);
-        WindowDesktop desktop;
-        desktop.WriteSettings(std::string("[Main Window]\r\nLeft=") + left +
-                              "\r\nTop=-450000\r\nWidth=15000\r\nHeight=900000\r\nState=0\r\n");
+        m_desktop.WriteSettings(std::string("[Main Window]\r\nLeft=") + left +
+                                "\r\nTop=-450000\r\nWidth=15000\r\nHeight=900000\r\nState=0\r\n");
         WindowUnderTest test;
         test.window->Open("");
         // The window manager may show it elsewhere at first.
@@ -184,38 +177,27 @@ TEST(MainWindowTest, AWindowThatStoodOffTheScreenComesBackOntoIt)
     }
 }
 
-TEST(MainWindowTest, ASplitterPositionOutsideThePanelBecomes600)
+TEST_F(MainWindowTest, ABarOutsideThePanelIsPutAt600)
 {
-    struct Row
+    constexpr std::pair<double, double> kRows[] = {
+        {-5, 600}, {6000, 600}, {7000, 600}, {3000, 3000}};
+    for (const auto& [stored, expected] : kRows)
     {
-        double stored;
-        double expected;
-    };
-    constexpr double kHeight = 6000;
-    constexpr std::array rows{Row{-5, 600}, Row{6000, 600}, Row{7000, 600}, Row{3000, 3000}};
-    for (const Row& row : rows)
-    {
-        EXPECT_EQ(UsableBarTop(row.stored, kHeight), row.expected) << row.stored;
+        EXPECT_EQ(UsableBarTop(stored, 6000), expected) << stored;
     }
-}
-
-TEST(MainWindowTest, ABarAtTheTopStaysThere)
-{
-    const WindowDesktop desktop;
-    desktop.WriteSettings(std::string(kNoAutoConnect) +
-                          "[Main Window]\r\nSliderTopPrograms=-5\r\n");
+    m_desktop.WriteSettings(std::string(kNoAutoConnect) +
+                            "[Main Window]\r\nSliderTopPrograms=-5\r\n");
     WindowUnderTest test;
     test.window->Open("");
     const auto& splitter = test.Find<CHorizontalSplitter>("fraSplitterProgram");
     test.WaitFor("the bar", [&] { return splitter.BarTop() == 600; });
     test.window->Close();
-    EXPECT_EQ(desktop.Setting("Main Window", "SliderTopPrograms"), "600");
+    EXPECT_EQ(m_desktop.Setting("Main Window", "SliderTopPrograms"), "600");
 }
 
-TEST(MainWindowTest, ABarThatAPersonPutComesBackAfterASmallWindow)
+TEST_F(MainWindowTest, ABarThatAPersonPutComesBackAfterASmallWindow)
 {
-    const WindowDesktop desktop;
-    desktop.WriteSettings(kNoAutoConnect);
+    m_desktop.WriteSettings(kNoAutoConnect);
     WindowUnderTest test;
     test.window->SetSize(1000, 900);
     test.window->Open("");
@@ -233,7 +215,7 @@ TEST(MainWindowTest, ABarThatAPersonPutComesBackAfterASmallWindow)
     });
     EXPECT_GT(splitter.GetSashPosition(), 40) << "as far down as there is room";
     test.window->Close();
-    EXPECT_EQ(desktop.Setting("Main Window", "SliderTopPrograms"), std::to_string(place * 15));
+    EXPECT_EQ(m_desktop.Setting("Main Window", "SliderTopPrograms"), std::to_string(place * 15));
 
     WindowUnderTest again;
     again.window->SetSize(1000, 600);
@@ -244,12 +226,11 @@ TEST(MainWindowTest, ABarThatAPersonPutComesBackAfterASmallWindow)
     again.WaitFor("the bar", [&] { return later.GetSashPosition() == place; });
 }
 
-TEST(MainWindowTest, AWindowThatIsClosedMaximisedKeepsThePlaceItHadBefore)
+TEST_F(MainWindowTest, AWindowThatIsClosedMaximisedKeepsThePlaceItHadBefore)
 {
-    const WindowDesktop desktop;
-    desktop.WriteSettings(std::string(kNoAutoConnect) +
-                          "[Main Window]\r\nState=2\r\nLeft=900\r\n"
-                          "Top=600\r\nWidth=13500\r\nHeight=9600\r\n");
+    m_desktop.WriteSettings(std::string(kNoAutoConnect) +
+                            "[Main Window]\r\nState=2\r\nLeft=900\r\n"
+                            "Top=600\r\nWidth=13500\r\nHeight=9600\r\n");
     WindowUnderTest test;
     test.window->Open("");
     test.WaitFor("maximised", [&] { return test.window->GetSize().x > 1200; });
@@ -259,15 +240,13 @@ TEST(MainWindowTest, AWindowThatIsClosedMaximisedKeepsThePlaceItHadBefore)
     test.window->Maximize();
     test.WaitFor("maximised again", [&] { return test.window->GetSize().x > 1200; });
     test.window->Close();
-    EXPECT_EQ(desktop.Setting("Main Window", "State"), "2");
-    EXPECT_EQ(desktop.Setting("Main Window", "Left"), "900");
-    EXPECT_EQ(desktop.Setting("Main Window", "Height"), "9600");
+    EXPECT_EQ(m_desktop.Setting("Main Window", "State"), "2");
+    EXPECT_EQ(m_desktop.Setting("Main Window", "Left"), "900");
+    EXPECT_EQ(m_desktop.Setting("Main Window", "Height"), "9600");
 }
 
-TEST(MainWindowTest, DatabasesAreShownToThoseWhoAskForThem)
+TEST_F(MainWindowTest, DatabasesAreShownToThoseWhoAskForThem)
 {
-    WindowDesktop desktop;
-    desktop.ServeLists(kVersionList);
     {
         WindowUnderTest test;
         test.window->Open("Manufacturer Databases");
@@ -285,10 +264,8 @@ TEST(MainWindowTest, DatabasesAreShownToThoseWhoAskForThem)
     }
 }
 
-TEST(MainWindowTest, TheCheckBoxIsKeptAndDecidesAboutTheNextOpening)
+TEST_F(MainWindowTest, TheCheckBoxIsKeptAndDecidesAboutTheNextOpening)
 {
-    WindowDesktop desktop;
-    desktop.ServeLists(kVersionList);
     {
         WindowUnderTest test;
         auto& box = test.Find<wxCheckBox>("chkAutoConnect");
@@ -298,18 +275,17 @@ TEST(MainWindowTest, TheCheckBoxIsKeptAndDecidesAboutTheNextOpening)
         click.SetEventObject(&box);
         click.SetInt(0);
         box.GetEventHandler()->ProcessEvent(click);
-        EXPECT_EQ(desktop.Setting("Miscellaneous", "AutoConnect"), "0 'False");
+        EXPECT_EQ(m_desktop.Setting("Miscellaneous", "AutoConnect"), "0 'False");
     }
     WindowUnderTest test;
     EXPECT_FALSE(test.Find<wxCheckBox>("chkAutoConnect").IsChecked());
     test.window->Open("");
     test.loop.Fire(kOpeningTimer);
-    EXPECT_EQ(desktop.Fetches(), 0);
+    EXPECT_EQ(m_desktop.Fetches(), 0);
 }
 
-TEST(MainWindowTest, AHeaderClickSortsAndASecondOneReverses)
+TEST_F(MainWindowTest, AHeaderClickSortsAndASecondOneReverses)
 {
-    const WindowDesktop desktop;
     WindowUnderTest test;
     auto& list = test.Find<ListView>("lvwMain");
     const auto click = [&](int column) {

@@ -58,12 +58,7 @@ void WaitFor(platform::MessageLoop& loop, const char* what, const std::function<
 void When(std::function<bool()> condition, std::function<void()> action)
 {
     After(10ms, [condition = std::move(condition), action = std::move(action)] {
-        if (condition())
-        {
-            action();
-            return;
-        }
-        When(condition, action);
+        condition() ? action() : When(condition, action);
     });
 }
 
@@ -92,10 +87,7 @@ void Press(const wxWindow& window, const char* name)
 void Choose(wxMenu& menu, const char* caption)
 {
     const int id = menu.FindItem(caption);
-    if (id == wxNOT_FOUND)
-    {
-        throw std::runtime_error(std::string("no entry ") + caption);
-    }
+    ASSERT_NE(id, wxNOT_FOUND) << caption;
     wxCommandEvent choice(wxEVT_MENU, id);
     wxWindow* window = menu.GetWindow();
     wxEvtHandler& handler = window != nullptr ? *window->GetEventHandler() : menu;
@@ -128,6 +120,16 @@ std::string TextOf(const wxWindow& window, const char* name)
     // Wrapping puts line breaks in the place of blanks.
     text.Replace("\n", " ");
     return text.utf8_string();
+}
+
+std::string TextsOf(const wxWindow& window, std::initializer_list<const char*> names)
+{
+    std::string texts;
+    for (const char* name : names)
+    {
+        texts += TextOf(window, name) + "|";
+    }
+    return texts;
 }
 
 std::string EntriesOf(const wxMenu& menu)

@@ -40,7 +40,7 @@ Control& Find(const wxWindow& window, const char* name)
 /// Presses an enabled button as its click does; on another one the test fails.
 void Press(const wxWindow& window, const char* name);
 
-/// Chooses the entry of that caption, with or without its underlining; throws when there is none.
+/// Chooses the entry of that caption, with or without its underlining; without one the test fails.
 void Choose(wxMenu& menu, const char* caption);
 
 /// Presses the mouse in the middle of a cell.
@@ -49,8 +49,9 @@ void Click(wxGrid& grid, int row, int column);
 /// Presses a key without modifiers in a control.
 void PressKey(wxWindow& control, int key);
 
-/// The text of a label, as if it stood on one line.
+/// The text of a label, as if it stood on one line; of several, each with "|" behind it.
 [[nodiscard]] std::string TextOf(const wxWindow& window, const char* name);
+[[nodiscard]] std::string TextsOf(const wxWindow& window, std::initializer_list<const char*> names);
 
 /// The entries of a menu, one a line, with what underlines them and their keys; a separator is "-", a
 /// grey entry ends in " (grey)".

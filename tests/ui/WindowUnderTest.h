@@ -3,6 +3,7 @@
 #include "app/UpdateWindows.h"
 #include "app/frmMain.h"
 #include "manager/UpdateManager.h"
+#include "platform/PrivateProfile.h"
 #include "tests/support/FaultServer.h"
 #include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
@@ -15,9 +16,8 @@
 
 #include <chrono>
 #include <functional>
-#include <memory>
+#include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace velmo::test
@@ -33,18 +33,25 @@ class WindowDesktop
     WindowDesktop();
 
     /// Serves a version list with this text, and a manufacturer list.
-    void ServeLists(std::string_view versionList, std::string_view manufacturers = "");
+    void ServeLists(std::string_view versionList, std::string_view manufacturers = "")
+    {
+        server.Serve("/pub/demo/version.ini", versionList);
+        server.Serve("/pub/demo/manufver.ini", manufacturers);
+    }
 
     /// Installs Loadcalc 8.02.15.
     void InstallLoadcalc();
 
-    [[nodiscard]] std::string SettingsPath() const { return m_common + "\\VelmoUpd.ini"; }
     /// A value of the settings file; "(none)" when it is not there.
-    [[nodiscard]] std::string Setting(std::string_view section, std::string_view key) const;
-    void WriteSettings(std::string_view text) const;
+    [[nodiscard]] std::string Setting(std::string_view section, std::string_view key) const
+    {
+        return platform::GetPrivateProfileText(section, key, "(none)", 256,
+                                               m_common + "\\VelmoUpd.ini");
+    }
+    void WriteSettings(std::string_view text) const { desktop.Write("Common\\VelmoUpd.ini", text); }
 
     /// How often the version list was asked for.
-    [[nodiscard]] int Fetches() const;
+    [[nodiscard]] int Fetches() const { return server.CountOf("/pub/demo/version.ini"); }
 
     FaultServer server;
     TemporaryDesktop desktop;
@@ -60,7 +67,10 @@ class HeldLoop final : public WxMessageLoop
     void After(std::chrono::milliseconds delay, std::function<void()> work) override;
 
     /// Timers of that delay which wait.
-    [[nodiscard]] std::size_t Waiting(std::chrono::milliseconds delay) const;
+    [[nodiscard]] std::size_t Waiting(std::chrono::milliseconds delay) const
+    {
+        return m_held.count(delay);
+    }
 
     /// Lets those that wait now fire.
     void Fire(std::chrono::milliseconds delay);
@@ -68,7 +78,7 @@ class HeldLoop final : public WxMessageLoop
     bool holds = true; ///< False: they fire by themselves.
 
   private:
-    std::vector<std::pair<std::chrono::milliseconds, std::function<void()>>> m_held;
+    std::multimap<std::chrono::milliseconds, std::function<void()>> m_held;
 };
 
 /// After opening, and before the page of a newly selected program is loaded.
@@ -79,13 +89,15 @@ inline constexpr std::chrono::milliseconds kPageTimer(300);
 class WindowUnderTest
 {
   public:
-    WindowUnderTest();
-    /// With a shell that opens addresses itself.
-    explicit WindowUnderTest(AddressOpener::Shell shell);
+    WindowUnderTest() = default;
     ~WindowUnderTest();
 
     /// Opens the window and fetches the lists.
-    void OpenAndFetch();
+    void OpenAndFetch()
+    {
+        window->Open("");
+        manager.FetchLists();
+    }
 
     /// As the function of that name.
     void WaitFor(const char* what, const std::function<bool()>& done)
@@ -109,9 +121,12 @@ class WindowUnderTest
     RecordedPrompts prompts;
     WxMousePointer pointer;
     std::vector<std::string> opened; ///< Addresses that went to the user's browser.
-    UpdateManager manager;
-    UpdateWindows windows;
-    frmMain* window;
+    UpdateManager manager{loop, prompts, pointer, [this](const std::string& address) {
+                              opened.push_back(address);
+                              return Done{};
+                          }};
+    UpdateWindows windows{manager, prompts, pointer};
+    frmMain* window = new frmMain(manager, windows, loop); // The toolkit deletes it.
 };
 
 } // namespace velmo::test

@@ -2,17 +2,11 @@
 
 #include "catalogue/VendorServer.h"
 
-#include "settings/DiagnosticLog.h"
-#include "tests/support/RecordedPrompts.h"
-#include "tests/support/TemporaryDesktop.h"
+#include "tests/support/ProgramDesktop.h"
 #include "updates/AddressOpener.h"
 #include "updates/ProgramRow.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 namespace velmo
 {
@@ -25,15 +19,10 @@ using testing::HasSubstr;
 constexpr std::int32_t kLoadcalc = 4;
 constexpr std::int32_t kWithoutUpdatePage = 9;
 
-class ProgramActionsTest : public testing::Test
+class ProgramActionsTest : public test::ProgramDesktop
 {
   protected:
-    [[nodiscard]] std::string Log() const { return m_desktop.Read("VelmoUpd.log"); }
-
-    const test::TemporaryDesktop m_desktop;
-    DiagnosticLog m_log{m_desktop.Folder() + "VelmoUpd.log"};
     VendorServer m_server{"http://vendor.example", "http://192.0.2.17"};
-    test::RecordedPrompts m_prompts;
     std::vector<std::string> m_opened;
     std::vector<std::size_t> m_told; ///< Notices that had been shown at each opening.
     Result<Done> m_outcome = Done{};
@@ -89,7 +78,7 @@ TEST_F(ProgramActionsTest, WhatIsNoAddressOfTheWebIsNeverOpenedButLogged)
                                "file:///C:/setup.exe", "\\\\server\\share\\x.exe", "-x"})
     {
         m_actions.Download({.index = kLoadcalc, .demoAddress = listed});
-        EXPECT_THAT(Log(), HasSubstr(listed));
+        EXPECT_THAT(LogText(), HasSubstr(listed));
     }
     EXPECT_TRUE(m_opened.empty());
 }
@@ -99,7 +88,7 @@ TEST_F(ProgramActionsTest, AFailureToOpenIsLoggedAndNobodyIsBothered)
     m_outcome = Error{1155, "No browser"};
     m_actions.OpenInformationPage(kLoadcalc);
     EXPECT_TRUE(m_prompts.notices.empty());
-    EXPECT_THAT(Log(), HasSubstr("loadcalc_info.html: No browser (1155)"));
+    EXPECT_THAT(LogText(), HasSubstr("loadcalc_info.html: No browser (1155)"));
 }
 
 } // namespace

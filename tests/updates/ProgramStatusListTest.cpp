@@ -1,16 +1,11 @@
 #include "updates/ProgramStatusList.h"
 
-#include "catalogue/CVelmoProgramCommunicator.h"
 #include "sample/PeImageWriter.h"
-#include "settings/CINIFileHandler.h"
-#include "settings/DiagnosticLog.h"
-#include "tests/support/RecordedPrompts.h"
-#include "tests/support/TemporaryDesktop.h"
+#include "tests/support/ProgramDesktop.h"
 #include "updates/StartupOptions.h"
 #include "updates/VersionList.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace velmo
 {
@@ -20,11 +15,9 @@ namespace
 using std::string_literals::operator""s;
 using testing::ElementsAre;
 
-class ProgramStatusListTest : public testing::Test
+class ProgramStatusListTest : public test::ProgramDesktop
 {
   protected:
-    ProgramStatusListTest() { m_settings.AppProfileFileName(m_desktop.Folder() + "VelmoUpd.ini"); }
-
     /// Installs Loadcalc 8 and fills the list from a version list.
     void Show(const std::string& installed, const std::string& versionList, bool present = true)
     {
@@ -56,11 +49,6 @@ class ProgramStatusListTest : public testing::Test
         return m_programs.List().Bold(m_programs.List().SelectedPosition().value());
     }
 
-    const test::TemporaryDesktop m_desktop;
-    DiagnosticLog m_log{""};
-    test::RecordedPrompts m_prompts;
-    CVelmoProgramCommunicator m_locator{m_log, m_prompts};
-    CINIFileHandler m_settings{m_log};
     VersionList m_versionList{m_desktop.Folder() + "version.ini", m_log};
     ProgramStatusList m_programs{m_locator, m_settings, m_versionList};
 };
@@ -130,21 +118,13 @@ TEST_F(ProgramStatusListTest, AListThatIsNoneKnowsNoVersion)
     for (const std::string& text : {"<html><body>Major=9 [Loadcalc 8]</body></html>"s, rubbish})
     {
         Show("8.02.0014", text);
-        EXPECT_EQ(m_programs.Rows().size(), 33U);
+        ASSERT_EQ(m_programs.Rows().size(), 33U) << "the catalogue in its order but for one";
+        EXPECT_EQ(m_programs.Rows()[14].Name() + m_programs.Rows()[15].Name(),
+                  "Panelplan 6Parkvent 2");
+        EXPECT_EQ(m_programs.Find("Panelplan 5"), nullptr);
         EXPECT_THAT(Shown("Loadcalc 8"), ElementsAre("Loadcalc 8", "-", "8.02.14", "?", "?"));
         EXPECT_EQ(m_programs.CountThatNeedUpdate(), 0);
     }
-}
-
-TEST_F(ProgramStatusListTest, RowsAreTheCatalogueInItsOrderButForOne)
-{
-    m_programs.Rebuild(false);
-    const auto rows = m_programs.Rows();
-    ASSERT_EQ(rows.size(), 33U);
-    EXPECT_EQ(rows[14].Name(), "Panelplan 6");
-    EXPECT_EQ(rows[15].Name(), "Parkvent 2");
-    EXPECT_EQ(rows[32].Name(), "Wastepipe 3");
-    EXPECT_EQ(m_programs.Find("Panelplan 5"), nullptr);
 }
 
 TEST_F(ProgramStatusListTest, ARebuildKeepsTheSelectionInView)
@@ -170,9 +150,9 @@ TEST_F(ProgramStatusListTest, ARebuildKeepsTheSelectionInView)
 
 TEST_F(ProgramStatusListTest, TheStartupColumnIsReadAgainOnRequest)
 {
-    m_desktop.Write("VelmoUpd.ini", "[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n"
-                                    "CanAskAboutUpdating=1 'True\r\n"
-                                    "[Wiring 2]\r\nCheckForUpdateOnStartupOption=1\r\n");
+    WriteSettings("[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n"
+                  "CanAskAboutUpdating=1 'True\r\n"
+                  "[Wiring 2]\r\nCheckForUpdateOnStartupOption=1\r\n");
     m_programs.Rebuild(false);
     EXPECT_EQ(Shown("Loadcalc 8")[1], "Ask");
     EXPECT_EQ(Shown("Wiring 2")[1], "-");
@@ -183,40 +163,35 @@ TEST_F(ProgramStatusListTest, TheStartupColumnIsReadAgainOnRequest)
 
 TEST_F(ProgramStatusListTest, TheButtonsNameTheSelectedProgram)
 {
-    m_desktop.Write("VelmoUpd.ini", "[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
+    WriteSettings("[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
     Show("8.01.0000", "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\n[Wiring 2]\r\nMajor=2\r\n"
                       "[Pipesize 3]\r\nMajor=3\r\n");
-    const struct
-    {
-        const char* program; ///< Empty: none is selected.
-        std::string what;
-        bool hasOptions;
-    } rows[] = {
-        {"Loadcalc 8", "Update", true},
-        {"Wiring 2", "Demo", false},
-        {"Pipesize 3", "Demo", false},
-        {"Airflow 3", "Update", false},
+    const std::tuple<std::string, std::string, bool> rows[] = {
+        {"Loadcalc 8", " Update for ", true},
+        {"Wiring 2", " Demo for ", false},
+        {"Pipesize 3", " Demo for ", false},
+        {"Airflow 3", " Update for ", false},
+        {"", "", false},
     };
-    for (const auto& row : rows)
+    for (const auto& [name, what, hasOptions] : rows)
     {
-        SCOPED_TRACE(row.program);
-        const std::string name = row.program;
+        SCOPED_TRACE(name);
         m_programs.List().Select(name);
         const ProgramButtons buttons = m_programs.Buttons();
-        EXPECT_EQ(buttons.updateOptions.caption, "Set &Update Options for " + name + "...");
-        EXPECT_EQ(buttons.updateOptions.enabled, row.hasOptions);
-        EXPECT_EQ(buttons.download.caption, "&Download " + row.what + " for " + name);
-        EXPECT_EQ(buttons.updatePage.caption, "&Go to Update Page for " + name);
-        EXPECT_EQ(buttons.informationPage.caption, "Go to &Info Page for " + name);
-        EXPECT_TRUE(buttons.download.enabled && buttons.updatePage.enabled &&
-                    buttons.informationPage.enabled);
+        const std::string ofIt = name.empty() ? "" : " for " + name;
+        EXPECT_EQ(buttons.download.caption, "&Download" + what + name);
+        EXPECT_EQ(buttons.updatePage.caption, "&Go to Update Page" + ofIt);
+        EXPECT_EQ(buttons.informationPage.caption, "Go to &Info Page" + ofIt);
+        EXPECT_EQ(buttons.updateOptions.caption, name.empty()
+                                                     ? buttons.updateOptions.caption
+                                                     : "Set &Update Options" + ofIt + "...");
+        EXPECT_EQ(buttons.updateOptions.enabled, hasOptions);
+        for (const auto* button :
+             {&buttons.download, &buttons.updatePage, &buttons.informationPage})
+        {
+            EXPECT_EQ(button->enabled, !name.empty());
+        }
     }
-    m_programs.List().Select("");
-    const ProgramButtons buttons = m_programs.Buttons();
-    EXPECT_EQ(buttons.download.caption, "&Download");
-    EXPECT_EQ(buttons.updatePage.caption, "&Go to Update Page");
-    EXPECT_EQ(buttons.informationPage.caption, "Go to &Info Page");
-    EXPECT_FALSE(buttons.updateOptions.enabled || buttons.download.enabled);
 }
 
 } // namespace

@@ -1,6 +1,8 @@
-#include "updates/ProgramVersion.h"
+#include "updates/ProgramRow.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace velmo
 {
@@ -45,6 +47,28 @@ TEST(ProgramVersionTest, TheMinorNumberHasTwoDigitsAndTheRevisionNone)
     {
         EXPECT_EQ(InstalledVersionText(row.version), row.installed);
         EXPECT_EQ(LatestVersionText(row.version), row.latest);
+    }
+}
+
+TEST(ProgramRowTest, EachStatusHasItsNotice)
+{
+    const ProgramVersion installed{8, 2, 15};
+    const std::tuple<ProgramRow, const char*, const char*> rows[] = {
+        {{.index = 4, .latest = installed},
+         "Update Status Unknown",
+         "There was a problem in getting the update status for Loadcalc 8."},
+        {{.index = 4, .installed = installed, .latest = installed},
+         "Up to Date",
+         "Loadcalc 8 is up to date."},
+        {{.index = 4, .installed = installed, .latest = {8, 2, 16}},
+         "Need to Update",
+         "Loadcalc 8 needs to be updated.  Click \"Download Update for Loadcalc 8\" to download "
+         "and install the update."},
+    };
+    for (const auto& [row, title, text] : rows)
+    {
+        EXPECT_EQ(StatusNoticeOf(row).title, title);
+        EXPECT_EQ(StatusNoticeOf(row).text, text);
     }
 }
 

@@ -1,30 +1,19 @@
 #include "updates/StartupCheck.h"
 
-#include "catalogue/CVelmoProgramCommunicator.h"
-#include "platform/MFile.h"
-#include "sample/SampleImage.h"
-#include "settings/CINIFileHandler.h"
-#include "settings/DiagnosticLog.h"
-#include "tests/support/RecordedPrompts.h"
-#include "tests/support/TemporaryDesktop.h"
+#include "tests/support/ProgramDesktop.h"
 #include "updates/VersionList.h"
-
-#include <gtest/gtest.h>
 
 namespace velmo
 {
 namespace
 {
 
-constexpr char kCommandLine[] = "STARTUP Loadcalc 8";
-
 TEST(StartupRequestTest, TheCommandLineIsSearchedNotSplit)
 {
     const struct
     {
         const char* commandLine;
-        bool startupMode;
-        bool databasesTab;
+        bool startupMode, databasesTab;
         const char* caller;
         std::int32_t index;
         bool asksForStatus;
@@ -53,48 +42,39 @@ TEST(StartupRequestTest, TheCommandLineIsSearchedNotSplit)
     EXPECT_EQ(StartupRequest("  Loadcalc 8 ").text, "Loadcalc 8");
 }
 
-TEST(StartupFindingsTest, EquipmentUpdatesAreAskedAboutAndTheProgramsAloneIsTold)
+TEST(StartupFindingsTest, TheQuestionTellsWhatThereIsAndTheProgramAloneIsADialog)
 {
-    using enum StartupOutcome;
-    const auto outcome = [](bool program, EquipmentCounts equipment) {
-        const StartupFindings findings{program ? std::optional(ProgramRow{}) : std::nullopt,
-                                       equipment};
-        EXPECT_EQ(StartupQuestion(findings, "Loadcalc 8").empty(), findings.Outcome() != Question);
-        return findings.Outcome();
+    const ProgramRow update{.index = 4};
+    const std::string database = " of the HVAC equipment databases that you have installed";
+    const std::string pictures = " of the HVAC equipment picture groups that you have installed";
+    const std::string ask = ".  Would you like to see the list of available updates?";
+    const std::string also =
+        "An update is available for Loadcalc 8, and updates are also available for ";
+    const std::string only = "Updates are available for ";
+    const std::pair<StartupFindings, std::string> rows[] = {
+        {{update, {17, 3}}, also + "17" + database + ", and 3" + pictures + ask},
+        {{update, {1, 0}}, also + "1" + database + ask},
+        {{update, {0, 1}}, also + "1" + pictures + ask},
+        {{{}, {17, 3}}, only + "17" + database + ", and 3" + pictures + ask},
+        {{{}, {17, 0}}, only + "17" + database + ask},
+        {{{}, {0, 3}}, only + "3" + pictures + ask},
     };
-    EXPECT_EQ(outcome(false, {0, 0}), Nothing);
-    EXPECT_EQ(outcome(true, {0, 0}), Dialog);
-    for (const bool program : {false, true})
+    for (const auto& [findings, question] : rows)
     {
-        EXPECT_EQ(outcome(program, {1, 0}), Question);
-        EXPECT_EQ(outcome(program, {0, 1}), Question);
-        EXPECT_EQ(outcome(program, {2, 3}), Question);
+        EXPECT_EQ(StartupQuestion(findings, "Loadcalc 8"), question);
+        EXPECT_EQ(findings.Outcome(), StartupOutcome::Question);
     }
-    EXPECT_EQ(StartupQuestion({std::nullopt, {17, 3}}, "Loadcalc 8"),
-              "Updates are available for 17 of the HVAC equipment databases that you have "
-              "installed, and 3 of the HVAC equipment picture groups that you have installed.  "
-              "Would you like to see the list of available updates?");
+    EXPECT_EQ(StartupFindings().Outcome(), StartupOutcome::Nothing);
+    EXPECT_EQ((StartupFindings{update, {}}.Outcome()), StartupOutcome::Dialog);
 }
 
-class StartupCheckTest : public testing::Test
+class StartupCheckTest : public test::ProgramDesktop
 {
   protected:
-    StartupCheckTest()
-    {
-        m_desktop.SetWinIniFolder("CommonDirectory", m_desktop.Folder());
-        m_settings.AppProfileFileName(m_desktop.Folder() + "VelmoUpd.ini");
-    }
-
-    void Install(const char* file, ProgramVersion version)
-    {
-        m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
-        m_desktop.Write(file, sample::WriteSampleImage({"Sample", "Sample", file, version}));
-    }
-
     StartupFindings Check(const std::string& list, EquipmentCounts equipment = {})
     {
         return m_check.CheckCaller(
-            StartupRequest(kCommandLine),
+            StartupRequest("STARTUP Loadcalc 8"),
             [&] {
                 ++m_fetches;
                 m_desktop.Write("version.ini", list);
@@ -106,11 +86,6 @@ class StartupCheckTest : public testing::Test
             });
     }
 
-    const test::TemporaryDesktop m_desktop;
-    DiagnosticLog m_log{""};
-    test::RecordedPrompts m_prompts;
-    CVelmoProgramCommunicator m_locator{m_log, m_prompts};
-    CINIFileHandler m_settings{m_log};
     VersionList m_versionList{m_desktop.Folder() + "version.ini", m_log};
     StartupCheck m_check{m_locator, m_settings, m_versionList};
     int m_fetches = 0;
@@ -123,7 +98,7 @@ constexpr char kSame[] = "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=15\r\n"
 
 TEST_F(StartupCheckTest, AnUpdateOfTheCallerIsFoundWithBothVersions)
 {
-    Install("Loadcalc8.exe", {8, 2, 15});
+    Install({8, 2, 15});
     const StartupFindings findings = Check(kNewer);
     ASSERT_TRUE(findings.update);
     EXPECT_EQ(findings.update->Name(), "Loadcalc 8");
@@ -159,8 +134,8 @@ TEST_F(StartupCheckTest, TheOptionsDecideWhatIsLookedAt)
     for (const auto& row : rows)
     {
         SCOPED_TRACE(std::string(row.options) + (row.installed ? ", installed" : ""));
-        Install(row.installed ? "Loadcalc8.exe" : "other.exe", {8, 2, 15});
-        m_desktop.Write("VelmoUpd.ini", std::string("[Loadcalc 8]\r\n") + row.options);
+        Install({8, 2, 15}, row.installed ? "Loadcalc8.exe" : "other.exe");
+        WriteSettings(std::string("[Loadcalc 8]\r\n") + row.options);
         m_fetches = 0;
         const StartupFindings findings = Check(kNewer, {7, 2});
         EXPECT_EQ(m_fetches, row.fetches);
@@ -175,9 +150,8 @@ TEST_F(StartupCheckTest, TheOptionsDecideWhatIsLookedAt)
 
 TEST_F(StartupCheckTest, AFailedFetchFindsNothing)
 {
-    Install("Loadcalc8.exe", {8, 2, 15});
-    m_desktop.Write("VelmoUpd.ini",
-                    "[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=True\r\n");
+    Install({8, 2, 15});
+    WriteSettings("[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=True\r\n");
     EXPECT_EQ(Check("", {7, 2}).Outcome(), StartupOutcome::Nothing);
     EXPECT_EQ(m_counts, 0);
 }
@@ -187,8 +161,7 @@ TEST_F(StartupCheckTest, ACallerIsRememberedOnceAndNobodyElse)
     m_check.MarkCaller(StartupRequest("STARTUP"));
     EXPECT_FALSE(platform::MFile::FileExists(m_desktop.Folder() + "VelmoUpd.ini"));
     m_check.MarkCaller(StartupRequest("loadcalc 8"));
-    EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"),
-              "[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
+    EXPECT_EQ(Settings(), "[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
 }
 
 TEST_F(StartupCheckTest, TheUpdateManagersOwnUpdateIsOfferedWhenItIsOlder)
@@ -199,13 +172,13 @@ TEST_F(StartupCheckTest, TheUpdateManagersOwnUpdateIsOfferedWhenItIsOlder)
     m_desktop.Write("version.ini", kOwn);
     EXPECT_FALSE(m_check.CheckSelf(kRunning)) << "runs from elsewhere";
     EXPECT_TRUE(m_check.CheckSelf({})) << "a build without a version";
-    Install("VelmoUpd.exe", {1, 4, 12});
+    Install({1, 4, 12}, "VelmoUpd.exe");
     const auto notice = m_check.CheckSelf(kRunning);
     ASSERT_TRUE(notice);
     EXPECT_EQ(notice->Name(), "Update Manager 1");
     EXPECT_EQ(notice->installed, (ProgramVersion{1, 4, 12}));
     EXPECT_EQ(notice->latest, (ProgramVersion{1, 5, 0}));
-    Install("VelmoUpd.exe", {1, 5, 0});
+    Install({1, 5, 0}, "VelmoUpd.exe");
     EXPECT_FALSE(m_check.CheckSelf({}));
 }
 

@@ -1,25 +1,13 @@
 #include "updates/StartupOptions.h"
 
-#include "settings/CINIFileHandler.h"
-#include "settings/DiagnosticLog.h"
-#include "tests/support/TemporaryDesktop.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/ProgramDesktop.h"
 
 namespace velmo
 {
 namespace
 {
 
-class StartupOptionsTest : public testing::Test
-{
-  protected:
-    StartupOptionsTest() { m_settings.AppProfileFileName(m_desktop.Folder() + "VelmoUpd.ini"); }
-
-    const test::TemporaryDesktop m_desktop;
-    DiagnosticLog m_log{""};
-    CINIFileHandler m_settings{m_log};
-};
+using StartupOptionsTest = test::ProgramDesktop;
 
 TEST_F(StartupOptionsTest, AProgramThatNeverAllowedAskingKeepsItsEarlierChoice)
 {
@@ -45,7 +33,7 @@ TEST_F(StartupOptionsTest, AProgramThatNeverAllowedAskingKeepsItsEarlierChoice)
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.entries);
-        m_desktop.Write("VelmoUpd.ini", std::string("[Wiring 2]\r\n") + row.entries + "\r\n");
+        WriteSettings(std::string("[Wiring 2]\r\n") + row.entries + "\r\n");
         const StartupOptions options = ReadStartupOptions(m_settings, "Wiring 2");
         EXPECT_EQ(options.option, row.option);
         EXPECT_EQ(StartupOptionText(options.option), row.text);
@@ -55,9 +43,8 @@ TEST_F(StartupOptionsTest, AProgramThatNeverAllowedAskingKeepsItsEarlierChoice)
 
 TEST_F(StartupOptionsTest, EquipmentIsCheckedAsTheCatalogueSaysUnlessChosen)
 {
-    m_desktop.Write("VelmoUpd.ini",
-                    "[Chillersize 5]\r\nNotifyOfHVACEquipmentUpdateOnStartup=0 'False\r\n"
-                    "[Wiring 2]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
+    WriteSettings("[Chillersize 5]\r\nNotifyOfHVACEquipmentUpdateOnStartup=0 'False\r\n"
+                  "[Wiring 2]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
     constexpr std::pair<const char*, bool> kRows[] = {
         {"Airflow 3", true}, {"Chillersize 5", false}, {"Wiring 2", true}, {"Ductsize 6", false}};
     for (const auto& [name, notify] : kRows)
@@ -70,11 +57,10 @@ TEST_F(StartupOptionsTest, WhatTheProgramsDecideIsNotWritten)
 {
     const std::string theirs = "[Wiring 2]\r\nCanAskAboutUpdating=True\r\n"
                                "CheckForUpdateOnStartup=False\r\n";
-    m_desktop.Write("VelmoUpd.ini", theirs);
+    WriteSettings(theirs);
     WriteStartupOptions(m_settings, "Wiring 2", false, 2);
-    EXPECT_EQ(m_desktop.Read("VelmoUpd.ini"),
-              theirs + "NotifyOfHVACEquipmentUpdateOnStartup=0 'False\r\n"
-                       "CheckForUpdateOnStartupOption=2\r\n");
+    EXPECT_EQ(Settings(), theirs + "NotifyOfHVACEquipmentUpdateOnStartup=0 'False\r\n"
+                                   "CheckForUpdateOnStartupOption=2\r\n");
 }
 
 } // namespace

@@ -53,9 +53,4 @@ void CloseByFrame(const std::string& title)
     MustDo(title, kKey + std::string("alt+F4"));
 }
 
-void EndProgramOf(const std::string& title)
-{
-    DoWith(title, "windowkill %@");
-}
-
 } // namespace velmo::test

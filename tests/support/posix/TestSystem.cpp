@@ -8,7 +8,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <stdexcept>
 
 namespace velmo::test
@@ -17,29 +16,6 @@ namespace
 {
 
 namespace fs = std::filesystem;
-
-/// An environment variable that has another value for a while.
-class Variable
-{
-  public:
-    explicit Variable(const char* name) : m_name(name)
-    {
-        if (const char* outer = getenv(name))
-        {
-            m_outer = outer;
-        }
-    }
-    ~Variable() { m_outer ? setenv(m_name, m_outer->c_str(), 1) : unsetenv(m_name); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-    [[nodiscard]] std::string Outer() const { return m_outer.value_or(""); }
-    void Set(const std::string& value) const { setenv(m_name, value.c_str(), 1); }
-
-  private:
-    const char* m_name;
-    std::optional<std::string> m_outer;
-};
 
 /// The toolkit's own helpers run there too: they are this process's, and go on.
 bool IsOfTheVendor(const fs::path& program, const std::string& root)
@@ -63,38 +39,24 @@ void EndPrograms(const std::string& root)
     }
 }
 
-struct Desktop
-{
-    ~Desktop()
-    {
-        EndPrograms(root);
-        std::error_code ignored;
-        fs::remove_all(root, ignored);
-    }
-    Variable home{"VELMO_HOME"};
-    std::string root = (fs::temp_directory_path() / "velmo-desktop-XXXXXX").string();
-};
-
-/// The desktop asks xdg-open, whichever comes first on the search path.
-struct Browser
-{
-    Variable path{"PATH"};
-    Variable record{kRecordVariable};
-};
-
 } // namespace
 
+// Variables keep their values: what lies there is gone then, which is better than a person's own.
 std::shared_ptr<void> NewDesktop(const std::string& folder)
 {
-    auto desktop = std::make_shared<Desktop>();
-    if (mkdtemp(desktop->root.data()) == nullptr)
+    std::string root = (fs::temp_directory_path() / "velmo-desktop-XXXXXX").string();
+    if (mkdtemp(root.data()) == nullptr)
     {
-        throw std::runtime_error("No temporary folder: " + desktop->root);
+        throw std::runtime_error("No temporary folder: " + root);
     }
-    desktop->home.Set(desktop->root);
-    fs::create_directories(fs::path(desktop->root) / "drive_c/windows");
+    setenv("VELMO_HOME", root.c_str(), 1);
+    fs::create_directories(fs::path(root) / "drive_c/windows");
     fs::create_directories(platform::NativePath(folder));
-    return desktop;
+    return {nullptr, [root](void*) {
+                EndPrograms(root);
+                std::error_code ignored;
+                fs::remove_all(root, ignored);
+            }};
 }
 
 unsigned long ProcessNumber()
@@ -119,19 +81,9 @@ std::string StartableProgram()
     return "#!/bin/sh\n";
 }
 
-void MakeStartable(std::string_view file)
-{
-    fs::permissions(platform::NativePath(file), fs::perms::owner_exec, fs::perm_options::add);
-}
-
 std::string BuildMachinePath(std::string path)
 {
     return path;
-}
-
-std::string TestDataPath(std::string_view relative)
-{
-    return BuildMachinePath(VELMO_TEST_DATA "/" + std::string(relative));
 }
 
 bool RunsUnderWine()
@@ -141,14 +93,14 @@ bool RunsUnderWine()
 
 std::shared_ptr<void> RegisterBrowser(const std::string& record)
 {
-    auto registered = std::make_shared<Browser>();
+    // The desktop asks xdg-open, whichever comes first on the search path.
     const fs::path file = platform::NativePath(record);
     const fs::path folder = file.parent_path() / "browser";
     fs::create_directories(folder);
     fs::create_symlink(VELMO_RECORDING_BROWSER, folder / "xdg-open");
-    registered->path.Set(folder.string() + ":" + registered->path.Outer());
-    registered->record.Set(file.string());
-    return registered;
+    setenv("PATH", (folder.string() + ":" + getenv("PATH")).c_str(), 1);
+    setenv(kRecordVariable, file.c_str(), 1);
+    return nullptr;
 }
 
 } // namespace velmo::test

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <array>
 #include <cwctype>
 #include <stdexcept>
 
@@ -18,33 +19,24 @@ HWND VisibleWindow(const std::string& title)
     return window != nullptr && IsWindowVisible(window) ? window : nullptr;
 }
 
-HWND Require(HWND window, const std::string& what)
+HWND Require(const std::string& title)
 {
-    return window != nullptr ? window : throw std::runtime_error("no " + what);
+    HWND window = VisibleWindow(title);
+    return window != nullptr ? window : throw std::runtime_error("no " + title);
 }
 
-struct Search
+/// Posts the click to a button of that mnemonic and ends the search. A message box marks no letter of its
+/// "OK".
+BOOL CALLBACK PressIfMarked(HWND control, LPARAM mnemonic)
 {
-    wchar_t mnemonic;
-    HWND found;
-};
-
-BOOL CALLBACK LookAt(HWND control, LPARAM parameter)
-{
-    auto& search = *reinterpret_cast<Search*>(parameter);
-    wchar_t kind[100] = L"";
-    GetClassNameW(control, kind, 100);
-    wchar_t text[100] = L"";
-    GetWindowTextW(control, text, 100);
-    const std::wstring_view caption(text);
-    // A message box marks no letter of its "OK".
-    const std::size_t mark = caption.find(L'&');
-    if (kind == std::wstring_view(L"Button") && mark + 1 < caption.size() &&
-        static_cast<wchar_t>(std::towlower(caption[mark + 1])) == search.mnemonic)
-    {
-        search.found = control;
-    }
-    return search.found == nullptr;
+    std::array<wchar_t, 100> kind{}, text{};
+    GetClassNameW(control, kind.data(), 100);
+    GetWindowTextW(control, text.data(), 100);
+    const std::wstring caption = text.data();
+    const bool isMarked =
+        kind.data() == std::wstring(L"Button") &&
+        std::towlower(caption.c_str()[caption.find(L'&') + 1]) == static_cast<wint_t>(mnemonic);
+    return !isMarked || !PostMessageW(control, BM_CLICK, 0, 0);
 }
 
 } // namespace
@@ -56,27 +48,15 @@ bool IsOnScreen(const std::string& title)
 
 void PressButton(const std::string& title, char mnemonic)
 {
-    Search search{static_cast<wchar_t>(mnemonic), nullptr};
-    EnumChildWindows(Require(VisibleWindow(title), title), LookAt,
-                     reinterpret_cast<LPARAM>(&search));
-    PostMessageW(Require(search.found, std::string("button &") + mnemonic + " in " + title),
-                 BM_CLICK, 0, 0);
+    if (EnumChildWindows(Require(title), PressIfMarked, mnemonic))
+    {
+        throw std::runtime_error(std::string("no button &") + mnemonic + " in " + title);
+    }
 }
 
 void CloseByFrame(const std::string& title)
 {
-    PostMessageW(Require(VisibleWindow(title), title), WM_CLOSE, 0, 0);
-}
-
-void EndProgramOf(const std::string& title)
-{
-    DWORD id = 0;
-    GetWindowThreadProcessId(VisibleWindow(title), &id);
-    if (HANDLE process = id != 0 ? OpenProcess(PROCESS_TERMINATE, FALSE, id) : nullptr)
-    {
-        TerminateProcess(process, 1);
-        CloseHandle(process);
-    }
+    PostMessageW(Require(title), WM_CLOSE, 0, 0);
 }
 
 } // namespace velmo::test

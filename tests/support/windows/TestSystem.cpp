@@ -21,9 +21,6 @@ namespace velmo::test
 namespace
 {
 
-constexpr const wchar_t* kUserKey = L"Software\\VB and VBA Program Settings\\Velmo Software";
-constexpr const wchar_t* kPolicyKey = L"Software\\Policies\\Velmo Software";
-
 /// The machine's: Wine's shell never looks at the user's own classes when the machine has the same one.
 constexpr std::array kBrowserKeys{L"Software\\Classes\\http\\shell\\open\\command",
                                   L"Software\\Classes\\https\\shell\\open\\command"};
@@ -55,79 +52,42 @@ void EndPrograms(const std::wstring& folder)
     }
 }
 
-/// Holds a lock while it lives, since other test programs share this machine's stores.
-class Desktop
+void EmptyDesktop(const std::filesystem::path& folder)
 {
-  public:
-    explicit Desktop(const std::string& folder)
-        : m_turn(CreateMutexW(nullptr, FALSE, L"velmo-temporary-desktop")),
-          m_folder(platform::Wide(folder))
-    {
-        WaitForSingleObject(m_turn, INFINITE);
-        EndPrograms(m_folder); // Of a test whose process was ended.
-        std::filesystem::create_directories(m_folder);
-        EmptySharedStores();
-    }
-    Desktop(const Desktop&) = delete;
-    Desktop& operator=(const Desktop&) = delete;
-    ~Desktop()
-    {
-        EndPrograms(m_folder);
-        EmptySharedStores();
-        std::error_code ignored;
-        std::filesystem::remove_all(m_folder, ignored);
-        ReleaseMutex(m_turn);
-        CloseHandle(m_turn);
-    }
+    EndPrograms(folder);
+    (void)platform::WritePrivateProfileText("Velmo Software", std::nullopt, std::nullopt,
+                                            platform::WindowsDirectory() + "Win.ini");
+    RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\VB and VBA Program Settings\\Velmo Software");
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"Software\\Policies\\Velmo Software");
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+}
 
-  private:
-    static void EmptySharedStores()
-    {
-        (void)platform::WritePrivateProfileText("Velmo Software", std::nullopt, std::nullopt,
-                                                platform::WindowsDirectory() + "Win.ini");
-        RegDeleteTreeW(HKEY_CURRENT_USER, kUserKey);
-        RegDeleteTreeW(HKEY_LOCAL_MACHINE, kPolicyKey);
-    }
-
-    HANDLE m_turn;
-    std::filesystem::path m_folder;
-};
-
-/// A text of the machine's registry that is another one for a while.
-class RegisteredText
+std::wstring TextOfKey(const wchar_t* key)
 {
-  public:
-    RegisteredText(const wchar_t* key, const std::wstring& text) : m_key(key)
-    {
-        std::array<wchar_t, 1024> outer{};
-        DWORD size = sizeof outer;
-        RegGetValueW(HKEY_LOCAL_MACHINE, key, nullptr, RRF_RT_REG_SZ, nullptr, outer.data(), &size);
-        m_outer = outer.data();
-        if (Set(text) != ERROR_SUCCESS)
-        {
-            throw std::runtime_error("cannot write to the machine's registry");
-        }
-    }
-    RegisteredText(const RegisteredText&) = delete;
-    RegisteredText& operator=(const RegisteredText&) = delete;
-    ~RegisteredText() { Set(m_outer); }
+    std::array<wchar_t, 1024> text{};
+    DWORD size = sizeof text;
+    RegGetValueW(HKEY_LOCAL_MACHINE, key, nullptr, RRF_RT_REG_SZ, nullptr, text.data(), &size);
+    return text.data();
+}
 
-  private:
-    LSTATUS Set(const std::wstring& text) const
+void SetTextOfKey(const wchar_t* key, const std::wstring& text)
+{
+    if (RegSetKeyValueW(HKEY_LOCAL_MACHINE, key, nullptr, REG_SZ, text.c_str(),
+                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))) != ERROR_SUCCESS)
     {
-        return RegSetKeyValueW(HKEY_LOCAL_MACHINE, m_key, nullptr, REG_SZ, text.c_str(),
-                               static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+        throw std::runtime_error("cannot write to the machine's registry");
     }
-
-    const wchar_t* m_key;
-    std::wstring m_outer;
-};
+}
 
 } // namespace
 
-std::shared_ptr<void> NewDesktop(const std::string& folder)
+std::shared_ptr<void> NewDesktop(const std::string& path)
 {
-    return std::make_shared<Desktop>(folder);
+    const std::filesystem::path folder = platform::Wide(path);
+    EmptyDesktop(folder); // Of a test whose process was ended.
+    std::filesystem::create_directories(folder);
+    return {nullptr, [folder](void*) { EmptyDesktop(folder); }};
 }
 
 unsigned long ProcessNumber()
@@ -155,20 +115,10 @@ std::string StartableProgram()
     return sample::WritePeImage({});
 }
 
-void MakeStartable(std::string_view /*file*/)
-{
-    // Its bytes are enough.
-}
-
 std::string BuildMachinePath(std::string path)
 {
     std::ranges::replace(path, '/', '\\');
     return "Z:" + path;
-}
-
-std::string TestDataPath(std::string_view relative)
-{
-    return BuildMachinePath(VELMO_TEST_DATA "/" + std::string(relative));
 }
 
 bool RunsUnderWine()
@@ -182,9 +132,13 @@ std::shared_ptr<void> RegisterBrowser(const std::string& record)
         L"\"" + platform::Wide(platform::MFile::FullPath(VELMO_RECORDING_BROWSER)) + L"\" \"%1\"";
     SetEnvironmentVariableW(platform::Wide(kRecordVariable).c_str(),
                             platform::Wide(record).c_str());
-    using Keys = std::array<RegisteredText, 2>;
-    return std::shared_ptr<Keys>(new Keys{RegisteredText(kBrowserKeys[0], command),
-                                          RegisteredText(kBrowserKeys[1], command)});
+    const std::array outer{TextOfKey(kBrowserKeys[0]), TextOfKey(kBrowserKeys[1])};
+    const auto set = [](const std::array<std::wstring, 2>& texts) {
+        SetTextOfKey(kBrowserKeys[0], texts[0]);
+        SetTextOfKey(kBrowserKeys[1], texts[1]);
+    };
+    set({command, command});
+    return {nullptr, [=](void*) { set(outer); }};
 }
 
 } // namespace velmo::test
