@@ -95,9 +95,8 @@ double Milliseconds(std::size_t databases, wxFrame& frame)
     const fs::path root = std::getenv("VELMO_HOME");
     Install(databases, root / "drive_c" / desktop.Folder().substr(3, desktop.Folder().size() - 4),
             "original.mdb");
-    const std::string list = desktop.Write("manufver.ini", ListText(databases));
-
-    EquipmentList equipment(list, "", locator, log);
+    const std::string text = ListText(databases);
+    EquipmentList equipment(locator, log);
     auto* grid = new Grid(&frame, equipment.Grid().Model(), [](std::size_t, std::size_t) {});
     grid->SetSize(frame.GetClientSize());
     wxYield();
@@ -105,7 +104,8 @@ double Milliseconds(std::size_t databases, wxFrame& frame)
     for (int round = 0; round < kRounds; ++round)
     {
         const auto start = std::chrono::steady_clock::now();
-        equipment.Refresh();
+        equipment.Show(std::make_shared<const ManufacturerList>(ParseManufacturerList(text, "")),
+                       SharedValues::Read());
         grid->Update();
         const std::chrono::duration<double, std::milli> took =
             std::chrono::steady_clock::now() - start;

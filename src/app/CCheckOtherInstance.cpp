@@ -11,7 +11,7 @@ bool CCheckOtherInstance::OtherInstanceRuns(std::string_view caption, std::strin
     {
         return false;
     }
-    m_instance.BringPreviousForward(caption, className);
+    m_cameForward = m_instance.BringPreviousForward(caption, className);
     return true;
 }
 

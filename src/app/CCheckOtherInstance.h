@@ -14,6 +14,11 @@ inline constexpr std::string_view kMainWindowCaption = "Velmo Software Update Ma
 /// The name that the first instance claims and listens under.
 inline constexpr std::string_view kInstanceName = "VelmoUpdateManager";
 
+/// The name that it listens under besides, from its start on, for somebody who starts it by hand: a
+/// question comes to the front, a silent run opens the main window. Programs that start it silently
+/// don't ask under it.
+inline constexpr std::string_view kSilentInstanceName = "VelmoUpdateManager-silent";
+
 /// Lets only one instance of the program run. Lives as long as the program. User-interface thread.
 class CCheckOtherInstance
 {
@@ -21,11 +26,15 @@ class CCheckOtherInstance
     CCheckOtherInstance();
 
     /// True when another instance runs already; its window of that caption and class has then been
-    /// brought forward. An instance that has no window yet is left alone.
+    /// brought forward.
     bool OtherInstanceRuns(std::string_view caption, std::string_view className);
+
+    /// Whether the other instance had a window to bring forward.
+    [[nodiscard]] bool CameForward() const { return m_cameForward; }
 
   private:
     platform::RunningInstance m_instance;
+    bool m_cameForward = false;
 };
 
 } // namespace velmo

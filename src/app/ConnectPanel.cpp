@@ -19,7 +19,8 @@ constexpr int kStatusLines = 4;
 
 } // namespace
 
-ConnectPanel::ConnectPanel(wxWindow* parent, UpdateManager& manager)
+ConnectPanel::ConnectPanel(wxWindow* parent, UpdateManager& manager,
+                           std::function<void(UpdateKind)> goTo)
     : wxPanel(parent, wxID_ANY), m_manager(manager)
 {
     m_status = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
@@ -35,14 +36,6 @@ ConnectPanel::ConnectPanel(wxWindow* parent, UpdateManager& manager)
     m_autoConnect->SetName("chkAutoConnect");
     m_autoConnect->SetToolTip("Automatically Connect When This Window Opens");
 
-    auto* statsPanel = new wxPanel(this, wxID_ANY);
-    statsPanel->SetName("picStats");
-    m_stats = new wxStaticText(statsPanel, wxID_ANY, wxEmptyString);
-    m_stats->SetName("lblStats");
-    auto* statsSizer = new wxBoxSizer(wxVERTICAL);
-    statsSizer->Add(m_stats, wxSizerFlags().Expand());
-    statsPanel->SetSizer(statsSizer);
-
     auto* controls = new wxBoxSizer(wxVERTICAL);
     controls->Add(m_reconnect, wxSizerFlags().Expand().Border(wxBOTTOM));
     controls->Add(m_autoConnect, wxSizerFlags());
@@ -51,7 +44,7 @@ ConnectPanel::ConnectPanel(wxWindow* parent, UpdateManager& manager)
     top->Add(controls, wxSizerFlags());
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(top, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT | wxTOP));
-    sizer->Add(statsPanel, wxSizerFlags().Expand().Border());
+    sizer->Add(CreateStats(goTo), wxSizerFlags().Expand().Border());
     SetSizer(sizer);
 
     m_reconnect->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_manager.Reconnect(); });
@@ -64,6 +57,37 @@ ConnectPanel::ConnectPanel(wxWindow* parent, UpdateManager& manager)
     ShowStatusLines();
     ShowBusy();
     ShowCounts();
+}
+
+wxWindow* ConnectPanel::CreateStats(const std::function<void(UpdateKind)>& goTo)
+{
+    auto* panel = new wxPanel(this, wxID_ANY);
+    panel->SetName("picStats");
+    m_stats = new wxStaticText(panel, wxID_ANY, wxEmptyString);
+    m_stats->SetName("lblStats");
+    m_stats->SetToolTip("Click to go to the first that needs updating");
+    m_stats->SetCursor(wxCursor(wxCURSOR_HAND));
+    m_stats->Bind(wxEVT_LEFT_DOWN,
+                  [this, goTo](const wxMouseEvent& event) { goTo(KindAt(event.GetX())); });
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    // As wide as its text: what lies beside that is no count.
+    sizer->Add(m_stats, wxSizerFlags());
+    panel->SetSizer(sizer);
+    return panel;
+}
+
+UpdateKind ConnectPanel::KindAt(int x) const
+{
+    const wxString text = m_stats->GetLabel();
+    const auto ends = [&](int comma) {
+        return m_stats->GetTextExtent(text.substr(0, static_cast<std::size_t>(comma))).x;
+    };
+    const int first = text.Find(',');
+    if (first == wxNOT_FOUND || x < ends(first))
+    {
+        return UpdateKind::Program;
+    }
+    return x < ends(text.Find(',', true)) ? UpdateKind::Database : UpdateKind::Pictures;
 }
 
 void ConnectPanel::ShowAutoConnect()

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "controls/Observers.h"
+#include "manager/ShownLists.h"
 
 #include <wx/panel.h>
+
+#include <functional>
 
 class wxButton;
 class wxCheckBox;
@@ -18,13 +21,19 @@ class UpdateManager;
 class ConnectPanel final : public wxPanel
 {
   public:
-    /// @a manager must outlive the panel.
-    ConnectPanel(wxWindow* parent, UpdateManager& manager);
+    /// @a goTo goes to the first row of the counts that are clicked. @a manager must outlive the panel.
+    ConnectPanel(wxWindow* parent, UpdateManager& manager, std::function<void(UpdateKind)> goTo);
 
     /// Sets the check box from the settings file.
     void ShowAutoConnect();
 
   private:
+    /// The lowest line, with the update counts.
+    wxWindow* CreateStats(const std::function<void(UpdateKind)>& goTo);
+
+    /// Whose count stands at that place of the line, from its left side.
+    [[nodiscard]] UpdateKind KindAt(int x) const;
+
     /// The connect button's caption.
     void ShowBusy();
 

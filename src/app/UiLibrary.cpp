@@ -6,6 +6,7 @@
 #include "app/frmMain.h"
 #include "catalogue/CommonFolder.h"
 #include "controls/MousePointer.h"
+#include "manager/RunGuarded.h"
 #include "ui/ToolkitResources.h"
 #include "ui/WxLog.h"
 #include "ui/WxMessageLoop.h"
@@ -18,13 +19,15 @@
 #include <wx/weakref.h>
 
 #include <memory>
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace velmo
 {
 namespace
 {
+
+constexpr int kFailed = 1;
 
 /// The toolkit's, but for where it logs.
 class Traits final : public wxGUIAppTraits
@@ -47,7 +50,8 @@ class Application final : public wxApp
         m_loop = std::make_unique<WxMessageLoop>();
         m_manager = std::make_unique<UpdateManager>(*m_loop, m_prompts, m_pointer);
         m_windows = std::make_unique<UpdateWindows>(*m_manager, m_prompts, m_pointer);
-        m_manager->Startup().MarkCaller(m_startup);
+        m_manager->MarkCaller(m_startup);
+        m_listeners.push_back(ListenerOf(kSilentInstanceName));
         // An open message does not hold up the end of the session; a running fetch may.
         Bind(wxEVT_QUERY_END_SESSION, [this](wxCloseEvent& event) {
             if (event.CanVeto() && m_manager->Lists().Busy())
@@ -67,19 +71,21 @@ class Application final : public wxApp
 
     int OnRun() override
     {
-        if (m_request.subject == UiSubject::MainWindow)
-        {
-            LoadMainWindow()->Open(m_request.commandLine);
-            return wxApp::OnRun();
-        }
-        ShowStatusLines();
-        const auto tab = m_manager->TellCaller(m_request.Findings(), m_startup, *m_windows);
-        if (!tab)
-        {
-            return 0;
-        }
-        LoadMainWindow()->OpenOnUpdates(m_startup.caller, *tab == MainTab::Equipment);
-        return wxApp::OnRun();
+        const int exitCode = Show();
+        return m_hasFailed ? kFailed : exitCode;
+    }
+
+    /// Nothing that an event's handler throws may cross the window system.
+    bool OnExceptionInMainLoop() override
+    {
+        OnUnhandledException();
+        return false;
+    }
+
+    void OnUnhandledException() override
+    {
+        m_hasFailed = true;
+        (void)RunGuarded([]() -> int { throw; }, kFailed);
     }
 
     /// The command line is searched, not parsed: the toolkit must not look for options in it.
@@ -88,7 +94,7 @@ class Application final : public wxApp
 
     int OnExit() override
     {
-        m_listener.reset();
+        m_listeners.clear();
         m_windows.reset();
         m_manager.reset();
         m_loop.reset();
@@ -99,15 +105,56 @@ class Application final : public wxApp
     wxAppTraits* CreateTraits() override { return new Traits; }
 
   private:
+    int Show()
+    {
+        if (m_request.subject == UiSubject::MainWindow)
+        {
+            LoadMainWindow()->Open(m_request.commandLine);
+            return wxApp::OnRun();
+        }
+        ShowStatusLines();
+        m_manager->Lists().Take(m_request.Lists(), m_request.Report());
+        const auto tab = m_manager->TellCaller(m_request.Findings(), m_startup, *m_windows);
+        if (!tab)
+        {
+            return 0;
+        }
+        LoadMainWindow()->OpenOnUpdates(m_startup.caller, *tab == MainTab::Equipment);
+        return wxApp::OnRun();
+    }
+
     frmMain* LoadMainWindow()
     {
         const CHourGlass busy(m_pointer);
         auto* window = new frmMain(*m_manager, *m_windows, *m_loop);
         SetTopWindow(window);
         m_window = window;
-        m_listener.emplace(kInstanceName, *m_loop,
-                           [this] { return m_window != nullptr && m_window->ComeForward(); });
+        m_listeners.push_back(ListenerOf(kInstanceName));
         return window;
+    }
+
+    std::unique_ptr<platform::InstanceListener> ListenerOf(std::string_view name)
+    {
+        return std::make_unique<platform::InstanceListener>(name, *m_loop,
+                                                            [this] { return ComeForward(); });
+    }
+
+    /// The main window, or the question that waits before there is one.
+    bool ComeForward() const
+    {
+        if (m_window != nullptr)
+        {
+            return m_window->ComeForward();
+        }
+        for (wxWindow* window : wxTopLevelWindows)
+        {
+            if (window->IsShown())
+            {
+                window->Raise();
+                return true;
+            }
+        }
+        return false;
     }
 
     /// What the silent fetch wrote, for the main window's status box.
@@ -129,7 +176,8 @@ class Application final : public wxApp
     std::unique_ptr<UpdateManager> m_manager;
     std::unique_ptr<UpdateWindows> m_windows;
     wxWeakRef<frmMain> m_window;
-    std::optional<platform::InstanceListener> m_listener;
+    std::vector<std::unique_ptr<platform::InstanceListener>> m_listeners;
+    bool m_hasFailed = false;
 };
 
 } // namespace
@@ -147,5 +195,5 @@ extern "C" VELMOUPDUI_EXPORT int VelmoShowUi(const velmo::UiRequest* request)
     int argc = 1;
     char* argv[] = {name.data(), nullptr};
     wxApp::SetInstance(new velmo::Application(*request));
-    return wxEntry(argc, argv);
+    return velmo::RunGuarded([&] { return wxEntry(argc, argv); }, velmo::kFailed);
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "manager/ListsFetch.h"
 #include "updates/StartupCheck.h"
 
+#include <cstddef>
 #include <cstdint>
 
 /**
@@ -32,10 +34,19 @@ struct UiRequest
     std::int32_t databases;
     std::int32_t pictures;
     const char* statusLines; ///< What the fetch wrote to the status box.
+    // What the fetch brought; see ListBytes and FetchReport.
+    const char* versionList;
+    std::size_t versionListSize;
+    const char* manufacturerList;
+    std::size_t manufacturerListSize;
+    std::int64_t fetched; ///< System clock's ticks.
+    std::int32_t equipmentError;
+    const char* equipmentErrorText; ///< nullptr: the equipment list came.
 
-    /// Takes the findings over; their texts must outlive the request.
-    void Carry(const StartupFindings& findings)
+    /// Takes the findings and what they rest on over; both must outlive the request.
+    void Carry(const StartupFindings& findings, const ListsFetch& lists)
     {
+        CarryLists(lists);
         subject = UiSubject::StartupFindings;
         updateIndex = findings.update ? findings.update->index : -1;
         if (findings.update)
@@ -46,6 +57,38 @@ struct UiRequest
         }
         databases = findings.equipment.databases;
         pictures = findings.equipment.pictures;
+    }
+
+    void CarryLists(const ListsFetch& lists)
+    {
+        versionList = lists.Bytes().versions.data();
+        versionListSize = lists.Bytes().versions.size();
+        manufacturerList = lists.Bytes().manufacturers.data();
+        manufacturerListSize = lists.Bytes().manufacturers.size();
+        const FetchReport& report = lists.Report();
+        fetched = report.when.time_since_epoch().count();
+        equipmentError = report.equipmentFailure ? report.equipmentFailure->code : 0;
+        equipmentErrorText =
+            report.equipmentFailure ? report.equipmentFailure->description.c_str() : nullptr;
+    }
+
+    [[nodiscard]] ListBytes Lists() const
+    {
+        return {std::string(versionList, versionListSize),
+                std::string(manufacturerList, manufacturerListSize)};
+    }
+
+    /// Of a fetch that succeeded: no other leads to findings.
+    [[nodiscard]] FetchReport Report() const
+    {
+        using Clock = std::chrono::system_clock;
+        FetchReport report{.stage = FetchStage::Done,
+                           .when = Clock::time_point(Clock::duration(fetched))};
+        if (equipmentErrorText != nullptr)
+        {
+            report.equipmentFailure = Error{equipmentError, equipmentErrorText};
+        }
+        return report;
     }
 
     [[nodiscard]] StartupFindings Findings() const

@@ -27,6 +27,7 @@ namespace
 
 constexpr std::array kTabCaptions{"Progr&ams", "&HVAC Equipment Databases", "&Latest News"};
 
+constexpr std::size_t kProgramsTab = 0;
 constexpr std::size_t kEquipmentTab = 1;
 constexpr std::size_t kNewsTab = 2;
 
@@ -72,12 +73,14 @@ void frmMain::CreateControls()
                       [this](const std::string& link) { ShowLink(link); },
                       [this](const std::string& address) { m_manager.Addresses().Open(address); }});
     tabs->AddPage(m_news, kTabCaptions[2]);
-    m_connect = new ConnectPanel(&body, m_manager);
+    m_connect = new ConnectPanel(&body, m_manager, [this](UpdateKind kind) { GoToFirst(kind); });
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(tabs, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(6)));
     sizer->Add(m_connect, wxSizerFlags().Expand());
     body.SetSizer(sizer);
     CreateStatusBar()->SetName("sbrMain");
+    m_report = m_manager.Lists().ReportChanged().Add([this] { ShowStatus(); });
+    ShowStatus();
     tabs->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
         event.Skip();
         m_programs->ShowSelectedProgram();
@@ -142,10 +145,27 @@ void frmMain::OnTimer(const std::string& commandLine)
 
 void frmMain::ShowLink(const std::string& link)
 {
+    m_link = link;
+    ShowStatus();
+}
+
+/// The link under the mouse, else what the lists and their counts rest on.
+void frmMain::ShowStatus()
+{
+    const std::string text = m_link.empty() ? StatusBarText(m_manager.Lists().Report()) : m_link;
     // Only when it differs, so that the text does not flicker.
-    if (FromWx(GetStatusBar()->GetStatusText()) != link)
+    if (FromWx(GetStatusBar()->GetStatusText()) != text)
     {
-        SetStatusText(ToWx(link));
+        SetStatusText(ToWx(text));
+    }
+}
+
+void frmMain::GoToFirst(UpdateKind kind)
+{
+    const auto found = m_manager.Shown().GoToFirst(kind);
+    if (found)
+    {
+        m_tabs->SetSelection(*found == UpdateKind::Program ? kProgramsTab : kEquipmentTab);
     }
 }
 

@@ -54,6 +54,8 @@ class frmMain final : public FrameOfClass
     void StartTimer(const std::string& commandLine);
     void OnTimer(const std::string& commandLine);
     void ShowLink(const std::string& link);
+    void ShowStatus();
+    void GoToFirst(UpdateKind kind);
 
     UpdateManager& m_manager;
     UpdateWindows& m_windows;
@@ -65,6 +67,8 @@ class frmMain final : public FrameOfClass
     EquipmentPage* m_equipment = nullptr;
     NewsPage* m_news = nullptr;
     ConnectPanel* m_connect = nullptr;
+    std::string m_link; ///< Under the mouse.
+    Observers::Subscription m_report;
     OpenDialogs m_dialogs;
 };
 

@@ -71,7 +71,7 @@ wxSizer* frmUpdateOptions::NewChoices()
 
 void frmUpdateOptions::ShowOptions()
 {
-    const StartupOptions options = ReadStartupOptions(m_settings, m_program);
+    const StartupOptions options = ReadStartupOptions(m_settings.Snapshot(), m_program);
     m_startup[startup_option::kAsk]->Enable(options.canAsk);
     const bool known = options.option >= 0 && options.option <= startup_option::kDoNotCheck;
     // Any other number is told as "No" in the list.

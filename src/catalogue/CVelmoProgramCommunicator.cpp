@@ -1,6 +1,5 @@
 #include "catalogue/CVelmoProgramCommunicator.h"
 
-#include "catalogue/CommonFolder.h"
 #include "catalogue/LocatorTable.h"
 #include "controls/UserPrompts.h"
 #include "platform/ErrorCode.h"
@@ -35,13 +34,13 @@ const LocatorEntry* EntryOf(std::int32_t number)
 }
 
 /// The folder as the stores give it, derived ones composed; without a last "\" if stored so.
-std::string StoredFolder(const LocatorEntry& entry)
+std::string StoredFolder(const LocatorEntry& entry, const SharedValues& stores)
 {
     if (entry.folderKind != FolderKind::BelowCommon)
     {
-        return SharedValue(entry.folderName);
+        return stores.Value(entry.folderName);
     }
-    const std::string common = SharedValue(kCommonFolderName);
+    const std::string common = stores.Value(kCommonFolderName);
     return common.empty() ? std::string() : WithBackslash(common) + std::string(entry.folderName);
 }
 
@@ -86,7 +85,7 @@ void CVelmoProgramCommunicator::ReportInvalidArgument(std::string_view operation
     Report(operation, error_code::kInvalidArgument, "Invalid argument");
 }
 
-std::string CVelmoProgramCommunicator::FolderName(std::int32_t number)
+std::string CVelmoProgramCommunicator::FolderName(std::int32_t number, const SharedValues& stores)
 {
     const LocatorEntry* entry = EntryOf(number);
     if (entry == nullptr || entry->folderKind == FolderKind::None)
@@ -94,7 +93,7 @@ std::string CVelmoProgramCommunicator::FolderName(std::int32_t number)
         ReportInvalidArgument("FolderName");
         return {};
     }
-    const std::string folder = StoredFolder(*entry);
+    const std::string folder = StoredFolder(*entry, stores);
     if (folder.empty() || entry->folderKind == FolderKind::PlainName)
     {
         return folder;
@@ -102,9 +101,10 @@ std::string CVelmoProgramCommunicator::FolderName(std::int32_t number)
     return WithBackslash(folder);
 }
 
-std::string CVelmoProgramCommunicator::GetEXEFileName(std::int32_t number)
+std::string CVelmoProgramCommunicator::GetEXEFileName(std::int32_t number,
+                                                      const SharedValues& stores)
 {
-    const std::string folder = FolderName(number);
+    const std::string folder = FolderName(number, stores);
     const LocatorEntry* entry = EntryOf(number);
     if (entry == nullptr || entry->executable.empty())
     {
@@ -115,9 +115,10 @@ std::string CVelmoProgramCommunicator::GetEXEFileName(std::int32_t number)
 }
 
 void CVelmoProgramCommunicator::SetFileVersion(std::int32_t number, std::int32_t& major,
-                                               std::int32_t& minor, std::int32_t& revision)
+                                               std::int32_t& minor, std::int32_t& revision,
+                                               const SharedValues& stores)
 {
-    const std::string path = GetEXEFileName(number);
+    const std::string path = GetEXEFileName(number, stores);
     if (!MFile::FileExists(path))
     {
         return;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "catalogue/CommonFolder.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -38,7 +40,8 @@ using INIValue = std::variant<bool, float, std::int32_t, std::int16_t, std::stri
     The program locator: where a program of the vendor is installed, which version its executable
     carries, and what its own INI file says. Programs are named by their catalogue number (the
     rows of LocatorTable.h). Stateless but for the last error record; every step that fails leaves its
-    result empty (or the outputs untouched) and a line in the log. User-interface thread.
+    result empty (or the outputs untouched) and a line in the log. The folders come from @a stores where
+    somebody has read them before, else from a reading of their own. User-interface thread.
  */
 class CVelmoProgramCommunicator
 {
@@ -49,10 +52,11 @@ class CVelmoProgramCommunicator
     /// The installed version. Parts that are missing or no numbers leave their output untouched, and
     /// a missing executable leaves all three.
     void SetFileVersion(std::int32_t number, std::int32_t& major, std::int32_t& minor,
-                        std::int32_t& revision);
+                        std::int32_t& revision, const SharedValues& stores = SharedValues::Read());
 
     /// The program's folder, ending in "\"; empty when unknown. Number 13 is a manufacturer's name.
-    [[nodiscard]] std::string FolderName(std::int32_t number);
+    [[nodiscard]] std::string FolderName(std::int32_t number,
+                                         const SharedValues& stores = SharedValues::Read());
 
     /// A value of the program's own INI file; the kind of @a defaultValue is the kind of the answer.
     /// Empty for a number without INI file, for an unknown kind, and for a number too large for its kind.
@@ -61,7 +65,8 @@ class CVelmoProgramCommunicator
                                            const INIValue& defaultValue);
 
     /// Folder and name of the executable; just the folder when the number has no executable.
-    [[nodiscard]] std::string GetEXEFileName(std::int32_t number);
+    [[nodiscard]] std::string GetEXEFileName(std::int32_t number,
+                                             const SharedValues& stores = SharedValues::Read());
 
     /// Stores a program's folder in "Win.ini" and in the per-user settings, without a last "\".
     void WriteVelmoSoftwareEntry(std::int32_t number, std::string_view folder);

@@ -8,27 +8,9 @@
 
 namespace velmo
 {
-namespace
-{
-
-constexpr std::size_t kValueBuffer = 256;
-
-} // namespace
-
 std::string WinIniPath()
 {
     return WithBackslash(platform::WindowsDirectory()) + "Win.ini";
-}
-
-std::string SharedValue(std::string_view name)
-{
-    std::string value =
-        platform::GetPrivateProfileText(kVendorSection, name, "", kValueBuffer, WinIniPath());
-    if (value.empty())
-    {
-        value = platform::ReadUserSetting(kVendorApplication, kFolderSection, name).value_or("");
-    }
-    return value;
 }
 
 std::string WithBackslash(std::string folder)
@@ -36,20 +18,49 @@ std::string WithBackslash(std::string folder)
     return folder.ends_with('\\') ? std::move(folder) : std::move(folder) + "\\";
 }
 
-std::string CommonFolder()
+SharedValues SharedValues::Read()
 {
-    return WithBackslash(SharedValue("CommonDirectory"));
+    SharedValues values;
+    values.m_winIni = SettingsSnapshot(platform::ReadProfileSection(WinIniPath(), kVendorSection));
+    values.m_userSettings = platform::ReadUserSettings(kVendorApplication, kFolderSection);
+    return values;
 }
 
-std::string SettingsFilePath()
+std::string SharedValues::Value(std::string_view name) const
+{
+    std::string value = m_winIni.String(kVendorSection, name, "");
+    return value.empty() ? m_userSettings.Value(kFolderSection, name).value_or("") : value;
+}
+
+std::string SharedValues::CommonFolder() const
+{
+    return WithBackslash(Value("CommonDirectory"));
+}
+
+std::string SharedValues::SettingsFilePath() const
 {
     return CommonFolder() + "VelmoUpd.ini";
 }
 
+std::string SharedValues::LogFilePath() const
+{
+    const std::string folder = Value("CommonDirectory");
+    return folder.empty() ? std::string() : WithBackslash(folder) + "VelmoUpd.log";
+}
+
+std::string CommonFolder()
+{
+    return SharedValues::Read().CommonFolder();
+}
+
+std::string SettingsFilePath()
+{
+    return SharedValues::Read().SettingsFilePath();
+}
+
 std::string LogFilePath()
 {
-    const std::string folder = SharedValue("CommonDirectory");
-    return folder.empty() ? std::string() : WithBackslash(folder) + "VelmoUpd.log";
+    return SharedValues::Read().LogFilePath();
 }
 
 } // namespace velmo

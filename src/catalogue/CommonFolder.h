@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/SettingsSnapshot.h"
+
 #include <string>
 #include <string_view>
 
@@ -14,19 +16,37 @@ inline constexpr std::string_view kFolderSection = "Program Folders";    ///< Pe
 /// Path of "Win.ini" in the Windows directory.
 [[nodiscard]] std::string WinIniPath();
 
-/// A shared value by its name: from "Win.ini", else from the per-user settings, else empty.
-[[nodiscard]] std::string SharedValue(std::string_view name);
-
 /// @a folder with a "\" at its end ("\" for an empty one).
 [[nodiscard]] std::string WithBackslash(std::string folder);
 
-/// The vendor's common folder, ending in "\"; a lone "\" when none is known.
+/// What the programs share by name, as both stores had it at one moment: for many questions after one
+/// reading. A value; copies are cheap.
+class SharedValues
+{
+  public:
+    /// Reads both stores, once each.
+    [[nodiscard]] static SharedValues Read();
+
+    /// From "Win.ini", else from the per-user settings, else empty.
+    [[nodiscard]] std::string Value(std::string_view name) const;
+
+    /// The vendor's common folder, ending in "\"; a lone "\" when none is known.
+    [[nodiscard]] std::string CommonFolder() const;
+
+    /// Path of the application settings file `VelmoUpd.ini` in the common folder.
+    [[nodiscard]] std::string SettingsFilePath() const;
+
+    /// Path of the diagnostic log in the common folder; empty when no common folder is known.
+    [[nodiscard]] std::string LogFilePath() const;
+
+  private:
+    SettingsSnapshot m_winIni;
+    platform::Profile m_userSettings;
+};
+
+/// The same of the stores as they are now.
 [[nodiscard]] std::string CommonFolder();
-
-/// Path of the application settings file `VelmoUpd.ini` in the common folder.
 [[nodiscard]] std::string SettingsFilePath();
-
-/// Path of the diagnostic log in the common folder; empty when no common folder is known.
 [[nodiscard]] std::string LogFilePath();
 
 } // namespace velmo

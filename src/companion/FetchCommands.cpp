@@ -2,6 +2,7 @@
 #include "companion/TextTable.h"
 #include "controls/MousePointer.h"
 #include "controls/UserPrompts.h"
+#include "download/InternetErrorText.h"
 #include "manager/UpdateManager.h"
 #include "platform/HeadlessLoop.h"
 
@@ -36,7 +37,22 @@ struct FetchedTable
 {
     TextTable (*table)(UpdateManager& manager); ///< Also when they could not be fetched.
     bool (*needsUpdate)(const UpdateCounts& counts);
+    bool isOfEquipment;
 };
+
+/// Why the list that the command tells of could not be had, as a sentence; empty when it could.
+std::string WhyNotFetched(const ListsFetch& lists, bool isOfEquipment)
+{
+    const FetchReport& report = lists.Report();
+    const std::string from = " could not be fetched from " + lists.Server().webServer + ": ";
+    if (!report.Succeeded())
+    {
+        return "The vendor's lists" + from + ReasonText(report.reason);
+    }
+    return isOfEquipment && report.equipmentFailure
+               ? "The equipment list" + from + ReasonText(*report.equipmentFailure)
+               : "";
+}
 
 ExitCode PrintFetched(const FetchedTable& fetched, Output output)
 {
@@ -47,11 +63,9 @@ ExitCode PrintFetched(const FetchedTable& fetched, Output output)
     manager.FetchLists();
     manager.DeleteLists();
     output.out << fetched.table(manager).Text();
-    if (!manager.Lists().Succeeded())
+    if (const std::string why = WhyNotFetched(manager.Lists(), fetched.isOfEquipment); !why.empty())
     {
-        output.errors << "The vendor's lists could not be fetched from "
-                      << manager.Lists().Server().webServer << ": "
-                      << manager.Lists().LastErrorText() << "\n";
+        output.errors << why << "\n";
         return ExitCode::ServerUnreachable;
     }
     return fetched.needsUpdate(manager.Shown().Counts()) ? ExitCode::UpdatesAvailable
@@ -116,11 +130,11 @@ TextTable EquipmentTable(UpdateManager& manager)
     return table;
 }
 
-constexpr FetchedTable kPrograms{ProgramTable,
-                                 [](const UpdateCounts& counts) { return counts.programs > 0; }};
-constexpr FetchedTable kEquipment{EquipmentTable, [](const UpdateCounts& counts) {
-                                      return counts.databases + counts.pictures > 0;
-                                  }};
+constexpr FetchedTable kPrograms{
+    ProgramTable, [](const UpdateCounts& counts) { return counts.programs > 0; }, false};
+constexpr FetchedTable kEquipment{
+    EquipmentTable,
+    [](const UpdateCounts& counts) { return counts.databases + counts.pictures > 0; }, true};
 
 } // namespace
 

@@ -64,6 +64,7 @@ constexpr std::array kSentences{
 };
 
 constexpr std::size_t kMostCharacters = 256;
+constexpr std::string_view kNoDetails = "Error details not available.";
 
 } // namespace
 
@@ -78,7 +79,13 @@ std::string InternetErrorText(std::int32_t code, std::string_view serverResponse
     const auto found =
         std::find_if(kSentences.begin(), kSentences.end(),
                      [code](const Sentence& sentence) { return sentence.code == code; });
-    return std::string(found == kSentences.end() ? "Error details not available." : found->text);
+    return std::string(found == kSentences.end() ? kNoDetails : found->text);
+}
+
+std::string ReasonText(const Error& error)
+{
+    std::string text = InternetErrorText(error.code, error.description);
+    return text == kNoDetails && !error.description.empty() ? error.description : text;
 }
 
 } // namespace velmo

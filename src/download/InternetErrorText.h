@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Result.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -16,5 +18,8 @@ namespace velmo
  */
 [[nodiscard]] std::string InternetErrorText(std::int32_t code,
                                             std::string_view serverResponse = {});
+
+/// The sentence for the error's code; where there is none, what the error itself says.
+[[nodiscard]] std::string ReasonText(const Error& error);
 
 } // namespace velmo

@@ -60,12 +60,19 @@ Result<std::string> UrlToFile::Read(const std::string& url)
     });
 }
 
-Result<Done> UrlToFile::Download(const std::string& url, const std::string& path)
+Result<std::string> UrlToFile::Download(const std::string& url, const std::string& path)
 {
-    return Read(url).Then([&](const std::string& bytes) {
-        // Lists are fetched anew in each program run.
-        return platform::MFile::WriteAll(path, bytes, platform::MFile::Keeping::Passing);
-    });
+    auto bytes = Read(url);
+    if (!bytes)
+    {
+        return bytes;
+    }
+    // Lists are fetched anew in each program run.
+    const auto written =
+        platform::MFile::WriteAll(path, bytes.Value(), platform::MFile::Keeping::Passing);
+    return written ? std::move(bytes)
+                   : Error{written.Failure().code,
+                           "Writing " + path + ": " + written.Failure().description};
 }
 
 void UrlToFile::Cancel()

@@ -45,8 +45,9 @@ class UrlToFile
     [[nodiscard]] Result<std::string> Read(const std::string& url);
 
     /// Reads @a url and writes it as the file @a path (a Windows path), replacing one of that name as a
-    /// whole; a failure, also the system's when it cannot be written, leaves that one as it was.
-    Result<Done> Download(const std::string& url, const std::string& path);
+    /// whole, and gives its bytes; a failure, also the system's when it cannot be written, leaves that
+    /// one as it was.
+    [[nodiscard]] Result<std::string> Download(const std::string& url, const std::string& path);
 
     /// From @a end on, a running download is given up, with error_code::kTimedOut, and none is started.
     void EndBy(std::chrono::steady_clock::time_point end) { m_end = end; }

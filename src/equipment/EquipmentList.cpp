@@ -183,40 +183,22 @@ std::int32_t EquipmentRows::PicturesThatNeedUpdate() const
         std::ranges::count_if(sections, IsOutdated, &EquipmentSection::pictures));
 }
 
-EquipmentList::EquipmentList(std::string listPath, std::string defaultAddress,
-                             CVelmoProgramCommunicator& locator, DiagnosticLog& log, Clock clock)
-    : m_listPath(std::move(listPath)), m_defaultAddress(std::move(defaultAddress)),
-      m_locator(locator), m_log(log), m_clock(std::move(clock))
+EquipmentList::EquipmentList(CVelmoProgramCommunicator& locator, DiagnosticLog& log, Clock clock)
+    : m_locator(locator), m_log(log), m_clock(std::move(clock))
 {}
-
-void EquipmentList::Refresh(ServerValues values)
-{
-    if (!MFile::FileExists(m_listPath))
-    {
-        return;
-    }
-    if (auto list = ReadManufacturerList(m_listPath, m_defaultAddress, values, m_log))
-    {
-        Fill(std::make_shared<const ManufacturerList>(std::move(list).Value()));
-    }
-    else
-    {
-        m_log.Failure("Reading " + m_listPath, list.Failure());
-    }
-}
 
 void EquipmentList::InspectAgain()
 {
     if (m_grid.Rows().list)
     {
-        Fill(m_grid.Rows().list);
+        Show(m_grid.Rows().list, SharedValues::Read());
     }
 }
 
-void EquipmentList::Fill(std::shared_ptr<const ManufacturerList> list)
+void EquipmentList::Show(std::shared_ptr<const ManufacturerList> list, const SharedValues& stores)
 {
     const std::chrono::year_month_day today(platform::LocalDay(m_clock()));
-    Inspection inspection(m_locator.FolderName(kCommonFolderNumber), today.year(), m_log);
+    Inspection inspection(m_locator.FolderName(kCommonFolderNumber, stores), today.year(), m_log);
     m_grid.Show(inspection.Of(std::move(list)));
 }
 

@@ -1,12 +1,9 @@
 #include "equipment/ManufacturerList.h"
 
 #include "catalogue/VendorPaths.h"
-#include "download/UrlToFile.h"
 #include "platform/AnsiText.h"
-#include "platform/MFile.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/CSectionDataCollection.h"
-#include "settings/DiagnosticLog.h"
 #include "settings/SettingsSnapshot.h"
 #include "text/LenientNumber.h"
 #include "text/TextCase.h"
@@ -290,30 +287,18 @@ ManufacturerList ParseManufacturerList(std::string_view bytes, std::string_view 
         settings.String(kGeneral, "Server Folder Pictures HTTP", vendor_path::kPictures);
     list.text = std::make_shared<const std::string>(platform::FromFileBytes(bytes));
     ListReader(list).ReadAll(*list.text);
+    list.isList = !settings.Section(kGeneral).empty() ||
+                  std::ranges::any_of(list.sections, [](const ManufacturerSection& section) {
+                      return !section.entries.empty() || !section.PictureSetupFile.empty();
+                  });
     return list;
 }
 
-Result<ManufacturerList> ReadManufacturerList(const std::string& path,
-                                              const std::string& defaultAddress,
-                                              ServerValues values, DiagnosticLog& log)
+void TakeOutServerValues(const std::string& path, DiagnosticLog& log)
 {
-    const auto bytes = platform::MFile::ReadAll(path, kMostBytesOfAList);
-    if (!bytes)
-    {
-        return bytes.Failure();
-    }
-    if (values == ServerValues::TakeOut)
-    {
-        CINIFileHandler file(log);
-        file.AppProfileFileName(path);
-        file.MyDeleteAppProfileSection(kGeneral);
-    }
-    ManufacturerList list = ParseManufacturerList(bytes.Value(), defaultAddress);
-    for (const std::string& complaint : list.complaints)
-    {
-        log.Write("The manufacturer list: " + complaint);
-    }
-    return list;
+    CINIFileHandler file(log);
+    file.AppProfileFileName(path);
+    file.MyDeleteAppProfileSection(kGeneral);
 }
 
 } // namespace velmo

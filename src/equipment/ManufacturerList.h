@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/Result.h"
-
 #include <array>
 #include <memory>
 #include <string>
@@ -64,13 +62,10 @@ struct ManufacturerList
     std::vector<ManufacturerSection> sections;
     std::shared_ptr<const std::string> text; ///< What all the views are of.
     std::vector<std::string> complaints;     ///< Why parts of it were left out.
-};
 
-/// What becomes of the values in the file that say where the setups are.
-enum class ServerValues
-{
-    TakeOut, ///< Only sections of equipment stay in the file.
-    Leave,   ///< The file is left alone, for another reader.
+    /// Whether it is a list at all, rather than what a server or a portal says in its place: it names a
+    /// setup's place, a database or a group of pictures.
+    bool isList = false;
 };
 
 /// The list that a file's bytes are. A value that is missing has its default, the server's is
@@ -80,12 +75,8 @@ enum class ServerValues
 [[nodiscard]] ManufacturerList ParseManufacturerList(std::string_view bytes,
                                                      std::string_view defaultAddress);
 
-/**
-    Reads the list from its file, once, and logs what was left out. Errors: the file's (MFile.h), 223 when it is larger than 16 MiB.
- */
-[[nodiscard]] Result<ManufacturerList> ReadManufacturerList(const std::string& path,
-                                                            const std::string& defaultAddress,
-                                                            ServerValues values,
-                                                            DiagnosticLog& log);
+/// Takes the values that say where the setups are out of the list's file, so that only sections of
+/// equipment stay there.
+void TakeOutServerValues(const std::string& path, DiagnosticLog& log);
 
 } // namespace velmo

@@ -12,7 +12,8 @@ namespace velmo
 FetchedFiles::FetchedFiles(std::string folder)
     : programFolder(WithBackslash(std::move(folder))),
       versionList(programFolder + std::string(kVersionListName)),
-      manufacturerList(programFolder + std::string(kManufacturerListName))
+      manufacturerList(programFolder + std::string(kManufacturerListName)),
+      lock(programFolder + "lists")
 {}
 
 void FetchedFiles::Delete(DiagnosticLog& log) const

@@ -23,6 +23,7 @@ struct FetchedFiles
     std::string programFolder; ///< Ends in "\".
     std::string versionList;   ///< Full path.
     std::string manufacturerList;
+    std::string lock; ///< What a fetch holds while the files are its own (platform/SharedLock.h).
 
     /// True when the build points at the test lists, which must never ship.
     [[nodiscard]] static constexpr bool PointAtTestLists()

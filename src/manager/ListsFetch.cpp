@@ -6,17 +6,41 @@
 #include "download/InternetErrorText.h"
 #include "download/UrlToFile.h"
 #include "manager/ShownLists.h"
+#include "platform/ErrorCode.h"
 #include "platform/MFile.h"
 #include "platform/MessageLoop.h"
+#include "platform/SharedLock.h"
 #include "settings/DiagnosticLog.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace velmo
 {
+namespace
+{
 
-ListsFetch::ListsFetch(FetchedFiles files, VendorServer server, const Surroundings& surroundings)
-    : m_files(std::move(files)), m_server(std::move(server)), m_with(surroundings)
+namespace MFile = platform::MFile;
+using std::chrono::steady_clock;
+
+/// What a list may take from a server: whoever holds the lock for longer has two slow ones.
+constexpr std::chrono::seconds kLongestWait{60};
+
+/// How long a folder that seems not to be writable is asked: Windows says so of a lock that is just
+/// being given up, too.
+constexpr std::chrono::milliseconds kLongestRefusal{500};
+constexpr std::chrono::milliseconds kBetweenTries{15};
+
+Error NoList(const char* which)
+{
+    return {error_code::kInvalidData,
+            std::string("What the server sent is no ") + which + " list."};
+}
+
+} // namespace
+
+ListsFetch::ListsFetch(FetchedFiles files, VendorServer server, Surroundings surroundings)
+    : m_files(std::move(files)), m_server(std::move(server)), m_with(std::move(surroundings))
 {}
 
 std::string_view ListsFetch::ButtonCaption(bool busy)
@@ -31,27 +55,35 @@ void ListsFetch::Run(ShownLists* shown)
         return;
     }
     m_with.pointer.SetShape(PointerShape::ArrowAndHourglass);
-    // Stale files must never be read.
-    m_files.Delete(m_with.log);
+    // What is told from here on is not of an older list.
+    m_bytes = {};
+    m_lists = {};
     m_busy = true;
     m_cancelRequested = false;
-    m_succeeded = false;
     if (shown != nullptr)
     {
-        shown->ClearHeadlines();
-        shown->Refresh();
+        shown->Empty();
     }
     m_busyChanged.Tell();
+    Tell(FetchStage::Running);
     m_with.statusBox.Clear();
     m_with.statusBox.AddLine("Attempting to connect...");
     m_with.loop.Yield();
+    const auto lock = WaitForOthers();
+    if (lock || !m_cancelRequested)
+    {
+        m_files.Delete(m_with.log);
+    }
     if (!m_cancelRequested)
     {
         Connect(shown);
     }
     if (m_cancelRequested)
     {
+        m_bytes = {};
+        m_lists = {};
         m_with.statusBox.AddLine("Connection Canceled");
+        Tell(FetchStage::Canceled);
     }
     m_cancelRequested = false;
     m_busy = false;
@@ -61,60 +93,210 @@ void ListsFetch::Run(ShownLists* shown)
 
 void ListsFetch::Connect(ShownLists* shown)
 {
-    if (!Download(FetchedFiles::kVersionListName, m_files.versionList))
+    Tell(FetchStage::Running);
+    auto versions = Download(FetchedFiles::kVersionListName, m_files.versionList);
+    if (!versions)
     {
         m_with.loop.Yield();
-        AddErrorLine();
+        Fail(versions.Failure(), versions.Failure());
         return;
     }
-    // A missing manufacturer list is noticed by the equipment list.
-    Download(FetchedFiles::kManufacturerListName, m_files.manufacturerList);
+    auto manufacturers = Download(FetchedFiles::kManufacturerListName, m_files.manufacturerList);
     m_with.loop.Yield();
     if (m_cancelRequested)
     {
         return;
     }
-    if (!platform::MFile::FileExists(m_files.versionList))
+    if (!MFile::FileExists(m_files.versionList))
     {
         m_with.statusBox.AddLine("Version information did not successfully download");
         m_with.loop.Yield();
-        AddErrorLine();
+        Fail({error_code::kFileMissing, m_files.versionList + " was deleted by another program."},
+             manufacturers ? Error{} : manufacturers.Failure());
         return;
     }
-    m_succeeded = true;
-    m_with.statusBox.AddLine("Version information successfully downloaded");
-    if (shown != nullptr)
+    m_bytes.versions = std::move(versions).Value();
+    m_report.equipmentFailure.reset();
+    if (manufacturers)
     {
-        shown->Refresh();
-        shown->LoadHeadlines();
-        shown->ShowSelectedProgram();
+        m_bytes.manufacturers = std::move(manufacturers).Value();
     }
+    else
+    {
+        m_report.equipmentFailure = manufacturers.Failure();
+    }
+    m_with.statusBox.AddLine("Version information successfully downloaded");
+    Adopt(shown);
     m_with.statusBox.AddLine("Program and database lists have been refreshed");
 }
 
-bool ListsFetch::Download(std::string_view name, const std::string& path)
+/// Makes what came the lists that count, also what is none: nobody is told of an update then.
+void ListsFetch::Adopt(ShownLists* shown)
+{
+    Parse();
+    if (shown != nullptr)
+    {
+        if (!m_bytes.manufacturers.empty())
+        {
+            TakeOutServerValues(m_files.manufacturerList, m_with.log);
+        }
+        shown->Refresh(m_lists);
+        shown->LoadHeadlines(m_lists.headlines);
+        shown->ShowSelectedProgram();
+    }
+    if (m_lists.versions.IsList())
+    {
+        m_report.when = m_with.now();
+        Tell(FetchStage::Done);
+    }
+    else
+    {
+        m_report.reason = NoList("version");
+        m_with.log.Failure("Fetching the version list", m_report.reason);
+        Tell(FetchStage::Failed);
+    }
+}
+
+void ListsFetch::Parse()
+{
+    m_lists.versions = VersionList(m_bytes.versions);
+    m_lists.headlines = ReadHeadlines(m_lists.versions.Sections(),
+                                      m_server.Address(vendor_path::kNews), m_with.log);
+    for (const std::string& complaint : m_lists.versions.Complaints())
+    {
+        m_with.log.Write("The version list: " + complaint);
+    }
+    if (m_bytes.manufacturers.empty())
+    {
+        return;
+    }
+    auto list = ParseManufacturerList(m_bytes.manufacturers, m_server.webServer);
+    for (const std::string& complaint : list.complaints)
+    {
+        m_with.log.Write("The manufacturer list: " + complaint);
+    }
+    if (list.isList)
+    {
+        m_lists.equipment = std::make_shared<const ManufacturerList>(std::move(list));
+    }
+    else
+    {
+        m_report.equipmentFailure = NoList("manufacturer");
+        m_with.log.Failure("Fetching the manufacturer list", *m_report.equipmentFailure);
+    }
+}
+
+std::optional<platform::SharedLock> ListsFetch::WaitForOthers()
+{
+    const auto began = steady_clock::now();
+    const auto end =
+        std::min(began + kLongestWait, m_end.value_or(steady_clock::time_point::max()));
+    while (true)
+    {
+        auto lock = platform::SharedLock::Take(m_files.lock, std::chrono::milliseconds(0));
+        if (lock)
+        {
+            return std::move(lock).Value();
+        }
+        const auto now = steady_clock::now();
+        const bool isHeld = lock.Failure().code == error_code::kLocked;
+        if (m_cancelRequested)
+        {
+            return std::nullopt;
+        }
+        if (now >= (isHeld ? end : began + kLongestRefusal))
+        {
+            m_with.log.Failure("Waiting for other fetches of the lists", lock.Failure());
+            return std::nullopt;
+        }
+        if (isHeld && m_report.stage != FetchStage::Waiting)
+        {
+            Tell(FetchStage::Waiting);
+        }
+        m_with.loop.WaitAndYield(kBetweenTries);
+    }
+}
+
+Result<std::string> ListsFetch::Download(std::string_view name, const std::string& path)
 {
     const std::string address = m_server.Address(std::string(vendor_path::kLists).append(name));
-    const Result<Done> outcome = m_with.urlToFile.Download(address, path);
-    m_lastError = outcome ? Error{} : outcome.Failure();
-    if (!outcome)
+    auto bytes = m_with.urlToFile.Download(address, path);
+    if (!bytes && !m_cancelRequested)
     {
-        m_with.log.Failure("Downloading " + address, m_lastError);
+        m_with.log.Failure("Downloading " + address, bytes.Failure());
     }
-    return outcome.Ok();
+    return bytes;
 }
 
-void ListsFetch::AddErrorLine()
+void ListsFetch::Fail(const Error& reason, const Error& lastOfDownloads)
 {
-    if (!m_cancelRequested)
+    if (m_cancelRequested)
     {
-        m_with.statusBox.AddLine(LastErrorText());
+        return;
+    }
+    m_report.reason = reason;
+    m_with.statusBox.AddLine(InternetErrorText(lastOfDownloads.code, lastOfDownloads.description));
+    Tell(FetchStage::Failed);
+}
+
+void ListsFetch::Tell(FetchStage stage)
+{
+    m_report.stage = stage;
+    m_reportChanged.Tell();
+}
+
+void ListsFetch::Cancel()
+{
+    if (m_busy && !m_cancelRequested)
+    {
+        m_cancelRequested = true;
+        m_with.urlToFile.Cancel();
+        Tell(FetchStage::Canceling);
     }
 }
 
-std::string ListsFetch::LastErrorText() const
+void ListsFetch::EndBy(steady_clock::time_point end)
 {
-    return InternetErrorText(m_lastError.code, m_lastError.description);
+    m_end = end;
+    m_with.urlToFile.EndBy(end);
+}
+
+void ListsFetch::TakeFiles()
+{
+    const auto versions = MFile::ReadAll(m_files.versionList, kMostBytesOfAList);
+    const auto manufacturers = MFile::ReadAll(m_files.manufacturerList, kMostBytesOfAList);
+    if (!versions && !manufacturers)
+    {
+        return;
+    }
+    m_bytes = {versions ? versions.Value() : "", manufacturers ? manufacturers.Value() : ""};
+    Parse();
+    const auto written = MFile::ModificationTime(m_files.versionList);
+    if (m_lists.versions.IsList() && written)
+    {
+        m_report.when = written.Value();
+        m_report.stage = FetchStage::Done;
+    }
+    m_reportChanged.Tell();
+}
+
+void ListsFetch::Take(ListBytes bytes, const FetchReport& report)
+{
+    m_bytes = std::move(bytes);
+    Parse();
+    m_report = report;
+    m_reportChanged.Tell();
+}
+
+void ListsFetch::DeleteFiles()
+{
+    const auto lock = platform::SharedLock::Take(m_files.lock, kLongestRefusal);
+    if (!lock && lock.Failure().code == error_code::kLocked)
+    {
+        m_with.log.Write("The list files are left to another update manager, which fetches them");
+        return;
+    }
+    m_files.Delete(m_with.log);
 }
 
 } // namespace velmo

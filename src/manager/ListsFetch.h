@@ -2,9 +2,14 @@
 
 #include "catalogue/VendorServer.h"
 #include "controls/Observers.h"
+#include "manager/FetchReport.h"
 #include "manager/FetchedFiles.h"
+#include "manager/VendorLists.h"
 #include "platform/Result.h"
 
+#include <chrono>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,16 +24,21 @@ class UrlToFile;
 namespace platform
 {
 class MessageLoop;
-}
+class SharedLock;
+} // namespace platform
 
 /**
-    The fetch of the vendor's two lists into the program's folder, with its status lines. One at a
-    time; it blocks its caller but keeps the message loop going, so that the window lives and Cancel
-    is seen at once, although a running download finishes first. User-interface thread.
+    The fetch of the vendor's two lists into the program's folder, with its status lines, and what it
+    brought: it is held here, and the files are there for whoever else looks for them. One fetch at a
+    time on a desktop, in whatever process: the next one waits, at most a minute, then goes on with a
+    line in the log. A fetch blocks its caller but keeps the message loop going, so that the window
+    lives and a cancel ends it at once. User-interface thread.
  */
 class ListsFetch
 {
   public:
+    using Clock = std::function<std::chrono::system_clock::time_point()>;
+
     /// What a fetch works with; must outlive it.
     struct Surroundings
     {
@@ -37,16 +47,30 @@ class ListsFetch
         StatusBoxModel& statusBox;
         MousePointer& pointer;
         DiagnosticLog& log;
+        Clock now = std::chrono::system_clock::now;
     };
 
-    ListsFetch(FetchedFiles files, VendorServer server, const Surroundings& surroundings);
+    ListsFetch(FetchedFiles files, VendorServer server, Surroundings surroundings);
 
     /// The whole procedure, from the old files' deletion to the refreshed lists; nullptr: nobody looks
     /// at any list. Does nothing when a fetch is under way.
     void Run(ShownLists* shown);
 
-    /// Asks the fetch to stop at its next step. Without a fetch under way it does nothing.
-    void Cancel() { m_cancelRequested = m_busy; }
+    /// Ends the fetch and a download that runs for it. Without a fetch under way it does nothing.
+    void Cancel();
+
+    /// From @a end on nothing is waited for nor downloaded any more.
+    void EndBy(std::chrono::steady_clock::time_point end);
+
+    /// Takes the files over that another program run left, as of the time that they were written. Does
+    /// nothing when there are none.
+    void TakeFiles();
+
+    /// Takes over what another part of this program run fetched, and what it told of that.
+    void Take(ListBytes bytes, const FetchReport& report);
+
+    /// Deletes both files, unless another fetch on this desktop is writing its own there.
+    void DeleteFiles();
 
     [[nodiscard]] bool Busy() const { return m_busy; }
     [[nodiscard]] Observers& BusyChanged() { return m_busyChanged; }
@@ -54,28 +78,39 @@ class ListsFetch
     [[nodiscard]] const FetchedFiles& Files() const { return m_files; }
     [[nodiscard]] const VendorServer& Server() const { return m_server; }
 
-    /// Whether the last fetch brought the version list; false before the first.
-    [[nodiscard]] bool Succeeded() const { return m_succeeded; }
+    /// What the last fetch brought, nothing when that was canceled or failed.
+    [[nodiscard]] const VendorLists& Lists() const { return m_lists; }
+    [[nodiscard]] const ListBytes& Bytes() const { return m_bytes; }
 
-    /// The sentence for the last failed download.
-    [[nodiscard]] std::string LastErrorText() const;
+    [[nodiscard]] const FetchReport& Report() const { return m_report; }
+
+    /// Whether the last fetch brought the version list; false before the first.
+    [[nodiscard]] bool Succeeded() const { return m_report.Succeeded(); }
+    [[nodiscard]] Observers& ReportChanged() { return m_reportChanged; }
 
     /// Caption of the connect button.
     [[nodiscard]] static std::string_view ButtonCaption(bool busy);
 
   private:
     void Connect(ShownLists* shown);
-    bool Download(std::string_view name, const std::string& path);
-    void AddErrorLine();
+    void Adopt(ShownLists* shown);
+    [[nodiscard]] std::optional<platform::SharedLock> WaitForOthers();
+    [[nodiscard]] Result<std::string> Download(std::string_view name, const std::string& path);
+    void Parse();
+    void Fail(const Error& reason, const Error& lastOfDownloads);
+    void Tell(FetchStage stage);
 
     FetchedFiles m_files;
     VendorServer m_server;
     Surroundings m_with;
     Observers m_busyChanged;
-    Error m_lastError;
+    Observers m_reportChanged;
+    std::optional<std::chrono::steady_clock::time_point> m_end;
+    FetchReport m_report;
+    ListBytes m_bytes;
+    VendorLists m_lists;
     bool m_busy = false;
     bool m_cancelRequested = false;
-    bool m_succeeded = false;
 };
 
 } // namespace velmo

@@ -1,11 +1,11 @@
 #include "manager/ShownLists.h"
 
 #include "equipment/EquipmentList.h"
-#include "manager/FetchedFiles.h"
-#include "platform/MFile.h"
-#include "settings/CINIFileHandler.h"
+#include "manager/VendorLists.h"
 #include "updates/ProgramStatusList.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace velmo
@@ -17,30 +17,30 @@ std::string UpdateCounts::Text() const
            ", Databases: " + std::to_string(databases) + ", Pictures: " + std::to_string(pictures);
 }
 
-ShownLists::ShownLists(const FetchedFiles& files, ProgramStatusList& programs,
-                       EquipmentList& equipment, std::string newsPage, DiagnosticLog& log)
-    : m_files(files), m_programs(programs), m_equipment(equipment), m_newsPage(std::move(newsPage)),
-      m_log(log)
+ShownLists::ShownLists(ProgramStatusList& programs, EquipmentList& equipment, SharedValues stores)
+    : m_programs(programs), m_equipment(equipment), m_stores(std::move(stores))
 {}
 
-void ShownLists::ClearHeadlines()
+void ShownLists::Empty()
 {
-    m_headlines.clear();
-    m_headlinesChanged.Tell();
+    m_stores = SharedValues::Read();
+    LoadHeadlines({});
+    Refresh({});
 }
 
-void ShownLists::Refresh()
+void ShownLists::Refresh(const VendorLists& lists)
 {
-    m_programs.Rebuild(platform::MFile::FileExists(m_files.versionList));
-    m_equipment.Refresh();
+    m_programs.Rebuild(lists.versions, m_stores);
+    if (lists.equipment)
+    {
+        m_equipment.Show(lists.equipment, m_stores);
+    }
     m_countsChanged.Tell();
 }
 
-void ShownLists::LoadHeadlines()
+void ShownLists::LoadHeadlines(std::vector<Headline> headlines)
 {
-    CINIFileHandler list(m_log);
-    list.AppProfileFileName(m_files.versionList);
-    m_headlines = ReadHeadlines(list.Snapshot(), m_newsPage, m_log);
+    m_headlines = std::move(headlines);
     m_headlinesChanged.Tell();
 }
 
@@ -49,6 +49,55 @@ void ShownLists::ShowSelectedProgram()
     ListViewModel& list = m_programs.List();
     list.ScrollTo(0);
     list.ScrollTo(list.SelectedPosition());
+}
+
+std::optional<UpdateKind> ShownLists::GoToFirst(UpdateKind kind)
+{
+    constexpr std::array kKinds{UpdateKind::Program, UpdateKind::Database, UpdateKind::Pictures};
+    for (std::size_t i = 0; i < kKinds.size(); ++i)
+    {
+        const UpdateKind next = kKinds.at((static_cast<std::size_t>(kind) + i) % kKinds.size());
+        if (next == UpdateKind::Program ? GoToProgram()
+                                        : GoToEquipment(next == UpdateKind::Pictures))
+        {
+            return next;
+        }
+    }
+    return std::nullopt;
+}
+
+bool ShownLists::GoToProgram()
+{
+    ListViewModel& list = m_programs.List();
+    for (std::size_t position = 0; position < list.RowCount(); ++position)
+    {
+        if (list.Bold(position))
+        {
+            list.SelectAt(position);
+            list.ScrollTo(position);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ShownLists::GoToEquipment(bool pictures)
+{
+    const EquipmentRows& shown = m_equipment.Grid().Rows();
+    const auto found = std::ranges::find_if(shown.rows, [&](const EquipmentRow& row) {
+        const InstalledVersion& installed =
+            pictures ? shown.sections[row.section].pictures : row.installed;
+        return installed.status == EquipmentStatus::NeedsUpdate;
+    });
+    if (found == shown.rows.end())
+    {
+        return false;
+    }
+    const auto row = static_cast<std::size_t>(found - shown.rows.begin());
+    const auto column =
+        pictures ? EquipmentColumn::PicturesNeedUpdate : EquipmentColumn::DatabaseNeedsUpdate;
+    m_equipment.Grid().Model().MoveTo({row, Index(column), row, 0});
+    return true;
 }
 
 void ShownLists::InspectEquipmentAgain()

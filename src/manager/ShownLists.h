@@ -1,19 +1,27 @@
 #pragma once
 
+#include "catalogue/CommonFolder.h"
 #include "controls/Observers.h"
 #include "news/Headlines.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace velmo
 {
 
-class DiagnosticLog;
 class EquipmentList;
 class ProgramStatusList;
-struct FetchedFiles;
+struct VendorLists;
+
+enum class UpdateKind
+{
+    Program,
+    Database,
+    Pictures,
+};
 
 /// How many programs, installed databases and installed picture groups need an update.
 struct UpdateCounts
@@ -33,20 +41,24 @@ struct UpdateCounts
 class ShownLists
 {
   public:
-    /// @a newsPage is the address that headlines' links are completed from. References must outlive
-    /// the object.
-    ShownLists(const FetchedFiles& files, ProgramStatusList& programs, EquipmentList& equipment,
-               std::string newsPage, DiagnosticLog& log);
+    /// @a stores say what is installed, until Empty() reads them anew. References must outlive the object.
+    ShownLists(ProgramStatusList& programs, EquipmentList& equipment, SharedValues stores);
 
-    void ClearHeadlines();
+    /// What there is to show without any list: no headline, no latest version. The equipment keeps the
+    /// rows that it has.
+    void Empty();
 
-    /// Rebuilds the programs and the equipment from the files that are there; none may be.
-    void Refresh();
+    /// Rebuilds the programs and the equipment from the lists, the latter only when there is one.
+    void Refresh(const VendorLists& lists);
 
-    void LoadHeadlines();
+    void LoadHeadlines(std::vector<Headline> headlines);
 
     /// Makes the first and then the selected program visible.
     void ShowSelectedProgram();
+
+    /// Goes to the first row that needs an update of that kind, or of the next one when none of that
+    /// kind does. The kind that it went to; nothing when nothing needs an update.
+    std::optional<UpdateKind> GoToFirst(UpdateKind kind);
 
     /// Looks again at what equipment is installed.
     void InspectEquipmentAgain();
@@ -58,11 +70,12 @@ class ShownLists
     [[nodiscard]] Observers& HeadlinesChanged() { return m_headlinesChanged; }
 
   private:
-    const FetchedFiles& m_files;
+    [[nodiscard]] bool GoToProgram();
+    [[nodiscard]] bool GoToEquipment(bool pictures);
+
     ProgramStatusList& m_programs;
     EquipmentList& m_equipment;
-    std::string m_newsPage;
-    DiagnosticLog& m_log;
+    SharedValues m_stores; ///< Read once for each fetch, at its begin.
     std::vector<Headline> m_headlines;
     Observers m_countsChanged;
     Observers m_headlinesChanged;

@@ -1,12 +1,11 @@
 #include "manager/UpdateManager.h"
 
-#include "catalogue/CommonFolder.h"
-#include "catalogue/VendorPaths.h"
 #include "catalogue/VendorServer.h"
 #include "install/DownloadFolder.h"
 #include "install/InstallFlow.h"
 #include "manager/Details.h"
 #include "platform/DesktopFolders.h"
+#include "platform/MFile.h"
 #include "updates/UpdatePrompts.h"
 
 #include <chrono>
@@ -27,18 +26,15 @@ constexpr std::chrono::seconds kDownloadTimeAtStartup(40);
 
 UpdateManager::UpdateManager(platform::MessageLoop& loop, UserPrompts& prompts,
                              MousePointer& pointer, AddressOpener::Shell shell)
-    : m_log(LogFilePath()), m_settings(m_log), m_locator(m_log, prompts), m_urlToFile(loop),
+    : m_stores(SharedValues::Read()), m_log(m_stores.LogFilePath()), m_settings(m_log),
+      m_locator(m_log, prompts), m_urlToFile(loop),
       m_lists(FetchedFiles(platform::ProgramFolder()), ConfiguredServer(m_log),
               {m_urlToFile, loop, m_statusBox, pointer, m_log}),
-      m_versionList(m_lists.Files().versionList, m_log),
-      m_programs(m_locator, m_settings, m_versionList),
-      m_equipment(m_lists.Files().manufacturerList, m_lists.Server().webServer, m_locator, m_log),
-      m_shown(m_lists.Files(), m_programs, m_equipment,
-              m_lists.Server().Address(vendor_path::kNews), m_log),
-      m_startup(m_locator, m_settings, m_versionList), m_addresses(m_log, std::move(shell)),
-      m_actions(m_lists.Server(), prompts, m_addresses)
+      m_programs(m_locator, m_settings), m_equipment(m_locator, m_log),
+      m_shown(m_programs, m_equipment, m_stores), m_startup(m_locator),
+      m_addresses(m_log, std::move(shell)), m_actions(m_lists.Server(), prompts, m_addresses)
 {
-    m_settings.AppProfileFileName(SettingsFilePath());
+    m_settings.AppProfileFileName(m_stores.SettingsFilePath());
 }
 
 void UpdateManager::FetchLists()
@@ -60,19 +56,35 @@ void UpdateManager::Reconnect()
 
 void UpdateManager::FillLists()
 {
-    MendInterruptedInstall(m_settings, CommonFolder(), m_log);
-    m_shown.Refresh();
-    m_shown.LoadHeadlines();
+    MendInterruptedInstall(m_settings, m_stores.CommonFolder(), m_log);
+    if (m_lists.Report().stage == FetchStage::NotYet)
+    {
+        m_lists.TakeFiles();
+    }
+    if (platform::MFile::FileExists(m_lists.Files().manufacturerList))
+    {
+        TakeOutServerValues(m_lists.Files().manufacturerList, m_log);
+    }
+    m_shown.Refresh(m_lists.Lists());
+    m_shown.LoadHeadlines(m_lists.Lists().headlines);
+}
+
+void UpdateManager::MarkCaller(const StartupRequest& request)
+{
+    velmo::MarkCaller(m_settings, m_settings.Snapshot(), request);
 }
 
 StartupFindings UpdateManager::CheckForCaller(const StartupRequest& request, Time started)
 {
-    m_urlToFile.EndBy(started + kDownloadTimeAtStartup);
+    const SettingsSnapshot settings = m_settings.Snapshot();
+    velmo::MarkCaller(m_settings, settings, request);
+    m_lists.EndBy(started + kDownloadTimeAtStartup);
     const auto fetch = [this] {
         m_lists.Run(nullptr);
-        return m_lists.Succeeded();
+        return m_lists.Report().Succeeded() ? &m_lists.Lists().versions : nullptr;
     };
-    return m_startup.CheckCaller(request, fetch, [this] { return CountEquipment(); });
+    return m_startup.CheckCaller(request, {settings, m_stores}, fetch,
+                                 [this] { return CountEquipment(); });
 }
 
 std::optional<MainTab> UpdateManager::TellCaller(const StartupFindings& findings,
@@ -106,7 +118,8 @@ void UpdateManager::RunAfterOpening(const StartupRequest& request, const Program
         const StatusNotice notice = StatusNoticeOf(*selected);
         prompts.Notify(PromptIcon::Information, notice.text, notice.title);
     }
-    if (const auto update = m_startup.CheckSelf(own))
+    if (const auto update =
+            m_startup.CheckSelf(own, m_lists.Lists().versions, SharedValues::Read()))
     {
         OfferUpdate(*update, prompts);
     }
@@ -122,8 +135,10 @@ void UpdateManager::OfferUpdate(const ProgramRow& program, UpdatePrompts& prompt
 
 EquipmentCounts UpdateManager::CountEquipment()
 {
-    // The windows may read the list again, server and all.
-    m_equipment.Refresh(ServerValues::Leave);
+    if (m_lists.Lists().equipment)
+    {
+        m_equipment.Show(m_lists.Lists().equipment, m_stores);
+    }
     return {m_equipment.CountDatabasesThatNeedUpdate(), m_equipment.CountPicturesThatNeedUpdate()};
 }
 
@@ -142,11 +157,6 @@ void UpdateManager::InspectEquipmentAgain()
     // A setup that still ran when the flow ended could not be removed then.
     DownloadFolder(CommonFolder(), m_log).Remove();
     m_shown.InspectEquipmentAgain();
-}
-
-void UpdateManager::DeleteLists()
-{
-    m_lists.Files().Delete(m_log);
 }
 
 std::string UpdateManager::Details(std::string_view programVersion) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/CVelmoProgramCommunicator.h"
+#include "catalogue/CommonFolder.h"
 #include "controls/ListViewModel.h"
 #include "controls/StatusBoxModel.h"
 #include "download/UrlToFile.h"
@@ -14,7 +15,6 @@
 #include "updates/ProgramActions.h"
 #include "updates/ProgramStatusList.h"
 #include "updates/StartupCheck.h"
-#include "updates/VersionList.h"
 
 #include <chrono>
 #include <optional>
@@ -61,9 +61,12 @@ class UpdateManager
     /// Fills the lists from what is there; run once when the window opens.
     void FillLists();
 
+    /// Remembers that the calling program starts the update manager; for a start in either mode.
+    void MarkCaller(const StartupRequest& request);
+
     /**
-        What there is to tell to the program that started this one. Fetches the lists when that is
-        needed, without filling any list from them; whatever the server does, it is done 45 seconds
+        What there is to tell to the program that started this one, which is remembered. Fetches the
+        lists when that is needed, without filling any list from them; whatever the server does, it is done 45 seconds
         after the program has @a started, and a failure means that there is nothing to tell.
      */
     [[nodiscard]] StartupFindings CheckForCaller(const StartupRequest& request,
@@ -91,7 +94,6 @@ class UpdateManager
     [[nodiscard]] ProgramStatusList& Programs() { return m_programs; }
     [[nodiscard]] ListsFetch& Lists() { return m_lists; }
     [[nodiscard]] ShownLists& Shown() { return m_shown; }
-    [[nodiscard]] StartupCheck& Startup() { return m_startup; }
     [[nodiscard]] ProgramActions& Actions() { return m_actions; }
     [[nodiscard]] AddressOpener& Addresses() { return m_addresses; }
 
@@ -104,19 +106,19 @@ class UpdateManager
     void InspectEquipmentAgain();
 
     /// Deletes the list files: the last thing that a program run does with them.
-    void DeleteLists();
+    void DeleteLists() { m_lists.DeleteFiles(); }
 
   private:
     [[nodiscard]] EquipmentCounts CountEquipment();
     void OfferUpdate(const ProgramRow& program, UpdatePrompts& prompts);
 
+    SharedValues m_stores; ///< As they were when the program started.
     DiagnosticLog m_log;
     CINIFileHandler m_settings;
     StatusBoxModel m_statusBox;
     CVelmoProgramCommunicator m_locator;
     UrlToFile m_urlToFile;
     ListsFetch m_lists;
-    VersionList m_versionList;
     ProgramStatusList m_programs;
     EquipmentList m_equipment;
     ShownLists m_shown;

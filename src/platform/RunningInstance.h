@@ -42,6 +42,10 @@ class RunningInstance
     std::unique_ptr<State> m_state;
 };
 
+/// Asks whoever listens under the name to come forward (InstanceListener). False when nobody does, and
+/// natively when the answer is no or takes longer than five seconds.
+bool AskToComeForward(std::string_view name);
+
 /**
     What the first instance does when another one asks it to come forward: a window raises itself, a
     question comes to the front, a silent run hands over to the main window. On Windows it is asked only

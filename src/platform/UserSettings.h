@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Profile.h"
 #include "platform/Result.h"
 
 #include <optional>
@@ -19,6 +20,9 @@ namespace velmo::platform
 [[nodiscard]] std::optional<std::string> ReadUserSetting(std::string_view application,
                                                          std::string_view section,
                                                          std::string_view key);
+
+/// All values of a section, read once: a profile of that one section, by the name that is given.
+[[nodiscard]] Profile ReadUserSettings(std::string_view application, std::string_view section);
 
 /// Writes a value. Error 5 when the user may not write there; natively also those of MFile.h, and 87 for
 /// names and values that would read back as something else (line breaks, "=" in a key, "]" in a

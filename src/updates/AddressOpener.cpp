@@ -21,7 +21,11 @@ void AddressOpener::Open(std::string_view address)
     const auto parsed = ParseWebAddress(address);
     if (!parsed)
     {
-        m_log.Write("Not opened, as it is no http, https or ftp address: " + std::string(address));
+        m_log.Write(std::string("Not opened, as it ") +
+                    (WebSchemeOf(address)
+                         ? "has control characters, or no proper host or port: "
+                         : "begins with neither http:// nor https:// nor ftp://: ") +
+                    std::string(address));
         return;
     }
     if (const auto opened = m_shell(parsed->text); !opened)

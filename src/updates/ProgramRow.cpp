@@ -52,13 +52,15 @@ UpdateStatus ProgramRow::Status() const
     return CanBeLocated(*this) ? UpdateStatus::TryDemo : UpdateStatus::TryDemoOfUnknown;
 }
 
-ProgramVersion LocatedVersion(CVelmoProgramCommunicator& locator, std::int32_t index)
+ProgramVersion LocatedVersion(CVelmoProgramCommunicator& locator, std::int32_t index,
+                              const SharedValues& stores)
 {
     ProgramVersion version;
     const std::int32_t number = LocatorNumberOfIndex(index);
     if (number != kNoLocatorNumber)
     {
-        locator.SetFileVersion(number, version.majorNumber, version.minorNumber, version.revision);
+        locator.SetFileVersion(number, version.majorNumber, version.minorNumber, version.revision,
+                               stores);
     }
     return version;
 }

@@ -12,6 +12,7 @@ namespace velmo
 {
 
 class CVelmoProgramCommunicator;
+class SharedValues;
 
 /// What the two versions of a program say about updating it.
 enum class UpdateStatus
@@ -51,7 +52,8 @@ struct ProgramRow
 };
 
 /// The version that the locator finds of a program of the catalogue; zeros for none.
-[[nodiscard]] ProgramVersion LocatedVersion(CVelmoProgramCommunicator& locator, std::int32_t index);
+[[nodiscard]] ProgramVersion LocatedVersion(CVelmoProgramCommunicator& locator, std::int32_t index,
+                                            const SharedValues& stores);
 
 /// The one text that a row's cell has, wherever it is shown.
 [[nodiscard]] std::string CellText(const ProgramRow& row, ProgramColumn column);

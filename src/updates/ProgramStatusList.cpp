@@ -25,7 +25,8 @@ std::vector<ListColumn> Columns()
     return columns;
 }
 
-std::optional<std::int32_t> StartupOption(const CINIFileHandler& settings, std::string_view program)
+std::optional<std::int32_t> StartupOption(const SettingsSnapshot& settings,
+                                          std::string_view program)
 {
     return IsIntegrated(settings, program)
                ? std::optional(ReadStartupOptions(settings, program).option)
@@ -35,36 +36,26 @@ std::optional<std::int32_t> StartupOption(const CINIFileHandler& settings, std::
 } // namespace
 
 ProgramStatusList::ProgramStatusList(CVelmoProgramCommunicator& locator,
-                                     const CINIFileHandler& settings,
-                                     const VersionList& versionList)
-    : m_locator(locator), m_settings(settings), m_versionList(versionList), m_list(Columns(), *this)
+                                     const CINIFileHandler& settings)
+    : m_locator(locator), m_settings(settings), m_list(Columns(), *this)
 {}
 
-void ProgramStatusList::Rebuild(bool versionListPresent)
+void ProgramStatusList::Rebuild(const VersionList& latest, const SharedValues& stores)
 {
+    const SettingsSnapshot settings = m_settings.Snapshot();
     m_rows.clear();
     for (std::int32_t index = 0; index < kProgramCount; ++index)
     {
         if (IsListed(index))
         {
-            m_rows.push_back(MakeRow(index, versionListPresent));
+            ProgramRow& row = m_rows.emplace_back(ProgramRow{.index = index});
+            row.installed = LocatedVersion(m_locator, index, stores);
+            latest.Read(row);
+            row.startupOption = StartupOption(settings, row.Name());
         }
     }
     m_list.RowsChanged();
     m_list.ScrollTo(m_list.SelectedPosition());
-}
-
-ProgramRow ProgramStatusList::MakeRow(std::int32_t index, bool versionListPresent) const
-{
-    ProgramRow row;
-    row.index = index;
-    row.installed = LocatedVersion(m_locator, index);
-    if (versionListPresent)
-    {
-        m_versionList.Read(row);
-    }
-    row.startupOption = StartupOption(m_settings, row.Name());
-    return row;
 }
 
 void ProgramStatusList::RefreshStartupOption(std::string_view displayName)
@@ -73,7 +64,7 @@ void ProgramStatusList::RefreshStartupOption(std::string_view displayName)
     {
         if (row.Name() == displayName)
         {
-            row.startupOption = StartupOption(m_settings, displayName);
+            row.startupOption = StartupOption(m_settings.Snapshot(), displayName);
         }
     }
     m_list.RowsChanged();

@@ -15,6 +15,8 @@ namespace velmo
 
 class CINIFileHandler;
 class CVelmoProgramCommunicator;
+class SettingsSnapshot;
+class SharedValues;
 class VersionList;
 
 /// A button's caption, with its mnemonic, and whether it can be pressed.
@@ -41,11 +43,11 @@ class ProgramStatusList final : private ListSource
 {
   public:
     /// All references must outlive the object.
-    ProgramStatusList(CVelmoProgramCommunicator& locator, const CINIFileHandler& settings,
-                      const VersionList& versionList);
+    ProgramStatusList(CVelmoProgramCommunicator& locator, const CINIFileHandler& settings);
 
-    /// Rebuilds all rows. Keeps the selection and makes it visible.
-    void Rebuild(bool versionListPresent);
+    /// Rebuilds all rows, by @a latest and by what @a stores say is installed. Keeps the selection and
+    /// makes it visible.
+    void Rebuild(const VersionList& latest, const SharedValues& stores);
 
     /// Reads a program's start-up option again.
     void RefreshStartupOption(std::string_view displayName);
@@ -72,11 +74,8 @@ class ProgramStatusList final : private ListSource
     [[nodiscard]] std::string Text(std::size_t row, std::size_t column) const override;
     [[nodiscard]] bool Bold(std::size_t row) const override { return m_rows[row].NeedsUpdate(); }
 
-    [[nodiscard]] ProgramRow MakeRow(std::int32_t index, bool versionListPresent) const;
-
     CVelmoProgramCommunicator& m_locator;
     const CINIFileHandler& m_settings;
-    const VersionList& m_versionList;
     std::vector<ProgramRow> m_rows;
     ListViewModel m_list;
 };

@@ -101,22 +101,18 @@ std::string StartupQuestion(const StartupFindings& findings, std::string_view ca
     return text;
 }
 
-StartupCheck::StartupCheck(CVelmoProgramCommunicator& locator, CINIFileHandler& settings,
-                           const VersionList& versionList)
-    : m_locator(locator), m_settings(settings), m_versionList(versionList)
-{}
-
-void StartupCheck::MarkCaller(const StartupRequest& request)
+void MarkCaller(CINIFileHandler& settings, const SettingsSnapshot& current,
+                const StartupRequest& request)
 {
     // Not written again at every start: that would cost a whole rewrite of the settings file.
-    if (!request.caller.empty() && !IsIntegrated(m_settings, request.caller))
+    if (!request.caller.empty() && !IsIntegrated(current, request.caller))
     {
-        MarkIntegrated(m_settings, request.caller);
+        MarkIntegrated(settings, request.caller);
     }
 }
 
 StartupFindings StartupCheck::CheckCaller(
-    const StartupRequest& request, const std::function<bool()>& fetchLists,
+    const StartupRequest& request, const Stores& stores, const Fetch& fetchLists,
     const std::function<EquipmentCounts()>& countEquipment) const
 {
     StartupFindings findings;
@@ -124,17 +120,22 @@ StartupFindings StartupCheck::CheckCaller(
     {
         return findings; // No program to compare, and nobody's option asks for equipment.
     }
-    const StartupOptions options = ReadStartupOptions(m_settings, request.caller);
+    const StartupOptions options = ReadStartupOptions(stores.settings, request.caller);
     ProgramRow row{.index = request.callerIndex};
     if (options.option == startup_option::kCheck)
     {
-        row.installed = LocatedVersion(m_locator, row.index);
+        row.installed = LocatedVersion(m_locator, row.index, stores.shared);
     }
-    if ((!row.IsInstalled() && !options.notifyOfEquipment) || !fetchLists())
+    if (!row.IsInstalled() && !options.notifyOfEquipment)
     {
         return findings;
     }
-    m_versionList.Read(row);
+    const VersionList* latest = fetchLists();
+    if (latest == nullptr)
+    {
+        return findings;
+    }
+    latest->Read(row);
     if (row.NeedsUpdate())
     {
         findings.update = row;
@@ -146,11 +147,13 @@ StartupFindings StartupCheck::CheckCaller(
     return findings;
 }
 
-std::optional<ProgramRow> StartupCheck::CheckSelf(const ProgramVersion& running) const
+std::optional<ProgramRow> StartupCheck::CheckSelf(const ProgramVersion& running,
+                                                  const VersionList& latest,
+                                                  const SharedValues& stores) const
 {
     ProgramRow row{.index = kOwnRow};
-    m_versionList.Read(row);
-    row.installed = LocatedVersion(m_locator, row.index);
+    latest.Read(row);
+    row.installed = LocatedVersion(m_locator, row.index, stores);
     if (!row.IsInstalled())
     {
         row.installed = running;

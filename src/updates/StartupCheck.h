@@ -13,6 +13,8 @@ namespace velmo
 
 class CINIFileHandler;
 class CVelmoProgramCommunicator;
+class SettingsSnapshot;
+class SharedValues;
 class VersionList;
 
 /// What the command line asks for. It is searched, never split into words: the other programs of the
@@ -64,35 +66,45 @@ inline constexpr std::string_view kStartupQuestionTitle = "View Available Update
 /// none.
 [[nodiscard]] std::string StartupQuestion(const StartupFindings& findings, std::string_view caller);
 
+/// Remembers that the calling program starts the update manager, so that its start-up options are
+/// offered; for a start in either mode. Nothing without a caller, nor when @a current says it already.
+void MarkCaller(CINIFileHandler& settings, const SettingsSnapshot& current,
+                const StartupRequest& request);
+
 /// Finds out whether there is something to tell: for a program that starts the update manager at its
 /// own start, and about the update manager itself. No window. User-interface thread.
 class StartupCheck
 {
   public:
-    /// References must outlive the object.
-    StartupCheck(CVelmoProgramCommunicator& locator, CINIFileHandler& settings,
-                 const VersionList& versionList);
+    /// @a locator must outlive the object.
+    explicit StartupCheck(CVelmoProgramCommunicator& locator) : m_locator(locator) {}
 
-    /// Remembers that the calling program starts the update manager, so that its start-up options are
-    /// offered; for a start in either mode. Nothing without a caller.
-    void MarkCaller(const StartupRequest& request);
+    /// What this computer's stores say.
+    struct Stores
+    {
+        const SettingsSnapshot& settings;
+        const SharedValues& shared;
+    };
 
-    /// What there is to tell to the caller, as its start-up options want it. @a fetchLists fetches the
-    /// lists and says whether that worked; it is called once at most, and only when there is
-    /// something to compare. @a countEquipment counts by the fetched lists. Failures find nothing.
+    /// Fetches the lists; the version list, or nullptr when it could not be had.
+    using Fetch = std::function<const VersionList*()>;
+
+    /// What there is to tell to the caller, as its start-up options want it. @a fetchLists is called
+    /// once at most, and only when there is something to compare. @a countEquipment counts by the
+    /// fetched lists. Failures find nothing.
     [[nodiscard]] StartupFindings CheckCaller(
-        const StartupRequest& request, const std::function<bool()>& fetchLists,
+        const StartupRequest& request, const Stores& stores, const Fetch& fetchLists,
         const std::function<EquipmentCounts()>& countEquipment) const;
 
-    /// The update manager's own row, when it needs an update by the version list that is there.
-    /// @a running is what counts as installed when no version can be read where the locator looks, as
-    /// when the program runs from another folder.
-    [[nodiscard]] std::optional<ProgramRow> CheckSelf(const ProgramVersion& running) const;
+    /// The update manager's own row, when it needs an update by @a latest. @a running is what counts as
+    /// installed when no version can be read where the locator looks, as when the program runs from
+    /// another folder.
+    [[nodiscard]] std::optional<ProgramRow> CheckSelf(const ProgramVersion& running,
+                                                      const VersionList& latest,
+                                                      const SharedValues& stores) const;
 
   private:
     CVelmoProgramCommunicator& m_locator;
-    CINIFileHandler& m_settings;
-    const VersionList& m_versionList;
 };
 
 } // namespace velmo

@@ -17,11 +17,11 @@ constexpr std::string_view kNotify = "NotifyOfHVACEquipmentUpdateOnStartup";
 constexpr std::string_view kCanAsk = "CanAskAboutUpdating";
 constexpr std::string_view kIntegrated = "CanCallCheckUpOnStartup";
 
-std::int32_t ReadOption(const CINIFileHandler& settings, std::string_view section)
+std::int32_t ReadOption(const SettingsSnapshot& settings, std::string_view section)
 {
     try
     {
-        return settings.MyGetAppProfileLong(section, kOption, startup_option::kAsk);
+        return settings.Long(section, kOption, startup_option::kAsk);
     }
     catch (const std::overflow_error&)
     {
@@ -32,16 +32,16 @@ std::int32_t ReadOption(const CINIFileHandler& settings, std::string_view sectio
 
 } // namespace
 
-StartupOptions ReadStartupOptions(const CINIFileHandler& settings, std::string_view section)
+StartupOptions ReadStartupOptions(const SettingsSnapshot& settings, std::string_view section)
 {
     StartupOptions options;
-    options.canAsk = settings.MyGetAppProfileBoolean(section, kCanAsk, false);
+    options.canAsk = settings.Boolean(section, kCanAsk, false);
     options.notifyOfEquipment =
-        settings.MyGetAppProfileBoolean(section, kNotify, NotifiesOfEquipmentByDefault(section));
+        settings.Boolean(section, kNotify, NotifiesOfEquipmentByDefault(section));
     options.option = ReadOption(settings, section);
     if (!options.canAsk && options.option == startup_option::kAsk)
     {
-        const bool check = settings.MyGetAppProfileBoolean(section, kOlderOption, true);
+        const bool check = settings.Boolean(section, kOlderOption, true);
         options.option = check ? startup_option::kCheck : startup_option::kDoNotCheck;
     }
     return options;
@@ -54,9 +54,9 @@ void WriteStartupOptions(CINIFileHandler& settings, std::string_view section,
     settings.MyWriteAppProfileString(section, kOption, std::to_string(option));
 }
 
-bool IsIntegrated(const CINIFileHandler& settings, std::string_view section)
+bool IsIntegrated(const SettingsSnapshot& settings, std::string_view section)
 {
-    return settings.MyGetAppProfileBoolean(section, kIntegrated, false);
+    return settings.Boolean(section, kIntegrated, false);
 }
 
 void MarkIntegrated(CINIFileHandler& settings, std::string_view section)

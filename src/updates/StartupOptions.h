@@ -7,6 +7,7 @@ namespace velmo
 {
 
 class CINIFileHandler;
+class SettingsSnapshot;
 
 /// What the update manager does when a program of the vendor starts: values of
 /// "CheckForUpdateOnStartupOption".
@@ -27,7 +28,7 @@ struct StartupOptions
 
 /// Reads a program's options. A program that never allowed asking keeps the yes or no that older
 /// versions stored, which is yes when they stored none.
-[[nodiscard]] StartupOptions ReadStartupOptions(const CINIFileHandler& settings,
+[[nodiscard]] StartupOptions ReadStartupOptions(const SettingsSnapshot& settings,
                                                 std::string_view section);
 
 /// Writes what the options window decides; what the programs decide is left alone.
@@ -35,7 +36,7 @@ void WriteStartupOptions(CINIFileHandler& settings, std::string_view section,
                          bool notifyOfEquipment, std::int32_t option);
 
 /// Whether the program is known to start the update manager, and the mark that it is.
-[[nodiscard]] bool IsIntegrated(const CINIFileHandler& settings, std::string_view section);
+[[nodiscard]] bool IsIntegrated(const SettingsSnapshot& settings, std::string_view section);
 void MarkIntegrated(CINIFileHandler& settings, std::string_view section);
 
 /// "Ask", "Yes" or "No".

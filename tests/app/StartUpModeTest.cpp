@@ -32,7 +32,7 @@ class StartUpModeTest : public test::ProgramDesktop
         Install({8, 2, 15});
         WriteSettings("[Loadcalc 8]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
         m_server.Serve(kVersionListPath, kUpToDate);
-        m_server.Serve("/pub/demo/manufver.ini", "[Coils]\r\nNumberOfMDBFiles=0\r\n");
+        m_server.Serve("/pub/demo/manufver.ini", "[Coils]\r\n1MDBFilename=coils.mdb\r\n");
     }
 
     static platform::StartedProgram Start(const std::string& arguments)
@@ -80,8 +80,10 @@ TEST_F(StartUpModeTest, ASecondRunEndsSilentlyWhileTheFirstOneLooks)
                   {FaultServer::Hold(), FaultServer::Answer("200 OK", kUpToDate)[0]});
     const auto first = Start("STARTUP Loadcalc 8");
     m_server.AwaitRequest(kVersionListPath);
-    EXPECT_EQ(ExitCodeOf(Start("STARTUP Loadcalc 8")), 0);
+    EXPECT_EQ(ExitCodeOf(Start("STARTUP Wiring 2")), 0);
     EXPECT_TRUE(first.IsRunning());
+    EXPECT_THAT(m_desktop.Read("VelmoUpd.ini"),
+                testing::HasSubstr("[Wiring 2]\r\nCanCallCheckUpOnStartup=1 'True\r\n"));
     EXPECT_EQ(m_server.CountOf(kVersionListPath), 1) << "the second one asks nobody";
     m_server.Release(kVersionListPath);
     EXPECT_EQ(ExitCodeOf(first), 0);

@@ -1,6 +1,7 @@
 #include "companion/Commands.h"
 
 #include "sample/PeImageWriter.h"
+#include "tests/support/CountedReads.h"
 #include "tests/support/FaultServer.h"
 #include "tests/support/LoopbackSocket.h"
 #include "tests/support/TemporaryDesktop.h"
@@ -79,6 +80,28 @@ TEST_F(CommandsTest, StatusSaysWhyTheListsCannotBeFetched)
     EXPECT_EQ(m_errors, "The vendor's lists could not be fetched from " + server +
                             ": Attempt to connect to the server failed.\n");
     EXPECT_THAT(m_output, HasSubstr("\nLoadcalc 8 "));
+}
+
+TEST_F(CommandsTest, WhatIsNoListIsNoAnswerAndEachStoreIsReadTwiceAtMost)
+{
+    FaultServer server;
+    m_desktop.SetPolicy("WebServer", server.Url(""));
+    m_desktop.SetWinIniFolder("CommonDirectory", m_desktop.Folder());
+    m_desktop.Write("VelmoUpd.ini", "[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
+    server.Serve("/pub/demo/version.ini", "<html>[Loadcalc 8]</html>");
+    EXPECT_EQ(Do({"status"}), 5);
+    EXPECT_EQ(m_errors, "The vendor's lists could not be fetched from " + server.Url("") +
+                            ": What the server sent is no version list.\n");
+    server.Serve("/pub/demo/version.ini", "[Loadcalc 8]\r\nMajor=8\r\n");
+    (void)test::TakeCountedReads();
+    EXPECT_EQ(Do({"status"}), 0);
+    for (const auto& [file, reads] : test::TakeCountedReads())
+    {
+        EXPECT_LE(reads, 2) << file;
+    }
+    EXPECT_EQ(Do({"equipment"}), 5);
+    EXPECT_EQ(m_errors, "The equipment list could not be fetched from " + server.Url("") +
+                            ": Requested item could not be located.\n");
 }
 
 TEST_F(CommandsTest, InspectPrintsEveryPropertyOfEveryFile)

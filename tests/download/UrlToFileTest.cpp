@@ -23,8 +23,9 @@ class UrlToFileTest : public testing::Test
     /// The error's code, 0 when the file is there.
     std::int32_t Download(const std::string& path, const char* name = "version.ini")
     {
-        const Result<Done> outcome =
-            m_download.Download(m_server.Url(path), m_desktop.Folder() + name);
+        const std::string file = m_desktop.Folder() + name;
+        const Result<std::string> outcome = m_download.Download(m_server.Url(path), file);
+        EXPECT_TRUE(!outcome || outcome.Value() == m_desktop.Read(file));
         return outcome ? 0 : outcome.Failure().code;
     }
 

@@ -93,6 +93,22 @@ TEST(ManufacturerListTest, ASectionsValuesAreKeptOnce)
     EXPECT_EQ(copy.text, list.text);
 }
 
+TEST(ManufacturerListTest, APageIsNoList)
+{
+    const std::pair<const char*, bool> rows[] = {
+        {"", false},
+        {"<html>[Sign in]</html>\n<a href=x>", false},
+        {"[Loadcalc 8]\nMajor=8\n", false},
+        {"[Manufver General]\nServer Address HTTP=http://s.example\n", true},
+        {"[A]\n1MDBFilename=a\n", true},
+        {"[A]\nPictureSetupFilename=p\n", true},
+    };
+    for (const auto& [text, isList] : rows)
+    {
+        EXPECT_EQ(ParseManufacturerList(text, "").isList, isList) << text;
+    }
+}
+
 /// The counts of sections and databases, and the complaints.
 std::string Bounds(const std::string& text)
 {

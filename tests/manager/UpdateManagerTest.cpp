@@ -1,9 +1,12 @@
 #include "manager/UpdateManager.h"
 
 #include "controls/MousePointer.h"
+#include "platform/ErrorCode.h"
 #include "platform/HeadlessLoop.h"
 #include "platform/MFile.h"
+#include "platform/SharedLock.h"
 #include "sample/EquipmentDatabaseFile.h"
+#include "tests/support/CountedReads.h"
 #include "tests/support/FaultServer.h"
 #include "tests/support/ProgramDesktop.h"
 #include "updates/UpdatePrompts.h"
@@ -115,16 +118,20 @@ class UpdateManagerTest : public test::ProgramDesktop, private ListViewModel::Ob
         OnceAskedFor(path, m_server.CountOf(path) + 1, action);
     }
 
-    void OnceAskedFor(const char* path, int times, const std::function<void()>& action)
+    void OnceAskedFor(const char* path, int times, const std::function<void()>& action,
+                      bool release = true)
     {
-        m_loop.Post([this, path, times, action] {
+        m_loop.Post([this, path, times, action, release] {
             if (m_server.CountOf(path) < times)
             {
-                OnceAskedFor(path, times, action);
+                OnceAskedFor(path, times, action, release);
                 return;
             }
             action();
-            m_server.Release(path);
+            if (release)
+            {
+                m_server.Release(path);
+            }
         });
     }
 
@@ -181,7 +188,7 @@ TEST_F(UpdateManagerTest, AFailureIsASentenceAndTheNextFetchWorks)
     EXPECT_EQ(Fetch(), kAttempting + "500 Out of order\r\n");
     EXPECT_EQ(m_events.front() + m_events.at(1), "0 headlines0 to update");
     EXPECT_FALSE(m_manager->Lists().Succeeded());
-    EXPECT_EQ(m_manager->Lists().LastErrorText(), "500 Out of order");
+    EXPECT_EQ(StatusBarText(m_manager->Lists().Report()), "Server not reached: 500 Out of order");
     EXPECT_FALSE(MFile::FileExists(m_files->versionList));
     EXPECT_EQ(m_server.CountOf(kManufacturers), 0);
     EXPECT_THAT(m_desktop.Read("VelmoUpd.log"), HasSubstr(m_server.Url(kVersions)));
@@ -212,22 +219,33 @@ TEST_F(UpdateManagerTest, AVersionListThatVanishedIsAFailureUnlessTheFetchIsCanc
     }
 }
 
-TEST_F(UpdateManagerTest, ACanceledFetchLetsARunningDownloadFinishAndUsesNothing)
+TEST_F(UpdateManagerTest, ACancelEndsTheRunningDownloadAndNothingOfTheFetchIsUsed)
 {
     // Whose download is running, before any when there is none; and how many requests there will be.
-    const std::tuple<const char*, const char*, std::size_t> rows[] = {
-        {nullptr, "", 0},
-        {kVersions, "404 Not Found", 1},
-        {kVersions, "200 OK", 2},
-        {kManufacturers, "200 OK", 2}};
+    const std::pair<const char*, std::size_t> rows[] = {
+        {nullptr, 0}, {kVersions, 1}, {kManufacturers, 2}};
     m_manager->FillLists();
     Watch();
-    for (const auto& [path, status, requests] : rows)
+    for (const auto& [path, requests] : rows)
     {
-        SCOPED_TRACE(status);
+        SCOPED_TRACE(requests);
         const std::size_t before = m_server.Requests().size();
-        const auto cancel = [this] { m_manager->Reconnect(); };
-        path == nullptr ? m_loop.Post(cancel) : WhileHeld(path, status, cancel);
+        const auto cancel = [this] {
+            m_manager->Reconnect();
+            EXPECT_EQ(StatusBarText(m_manager->Lists().Report()),
+                      "Canceling after the current file...");
+        };
+        if (path == nullptr)
+        {
+            m_loop.Post(cancel);
+        }
+        else
+        {
+            // The server says no more: only the cancel ends this.
+            m_server.Serve(kVersions, "[Loadcalc 8]\r\nMajor=8\r\nMinor=2\r\nRevision=15\r\n");
+            m_server.Play(path, {FaultServer::Head(3), FaultServer::Hold()});
+            OnceAskedFor(path, m_server.CountOf(path) + 1, cancel, false);
+        }
         m_events.clear();
         EXPECT_EQ(Fetch(), kAttempting + kCanceled);
         EXPECT_THAT(m_events,
@@ -236,7 +254,9 @@ TEST_F(UpdateManagerTest, ACanceledFetchLetsARunningDownloadFinishAndUsesNothing
         EXPECT_EQ(m_server.Requests().size(), before + requests);
         EXPECT_FALSE(m_manager->Lists().Succeeded());
         EXPECT_EQ(LatestVersion(), "?");
+        EXPECT_EQ(m_manager->Lists().Bytes().versions, "");
     }
+    m_server.Serve(kManufacturers, "[Pumps]\r\n1MDBFilename=pumps.mdb\r\n");
     m_manager->Lists().Cancel();
     EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed) << "nothing to cancel";
 }
@@ -251,6 +271,92 @@ TEST_F(UpdateManagerTest, ASecondFetchDuringTheFirstDoesNothing)
     });
     EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed);
     EXPECT_EQ(m_server.CountOf(kVersions), 1);
+}
+
+TEST_F(UpdateManagerTest, AFetchWaitsForAnotherOneOfTheDesktopAndAPersonCanEndThat)
+{
+    auto other = std::optional(platform::SharedLock::Take(m_files->lock, {}));
+    ASSERT_TRUE(*other);
+    m_desktop.Write(m_files->versionList, "the other's");
+    const auto watching = m_manager->Lists().ReportChanged().Add([&] {
+        if (m_manager->Lists().Report().stage == FetchStage::Waiting)
+        {
+            EXPECT_EQ(m_desktop.Read(m_files->versionList), "the other's");
+            EXPECT_TRUE(m_server.Requests().empty());
+            m_loop.Post([&] {
+                m_person.answer == QuestionAnswer::No ? m_manager->Reconnect() : other.reset();
+            });
+        }
+    });
+    m_person.answer = QuestionAnswer::No;
+    EXPECT_EQ(Fetch(), kAttempting + kCanceled);
+    EXPECT_EQ(m_desktop.Read(m_files->versionList), "the other's");
+    m_manager->DeleteLists();
+    EXPECT_EQ(m_desktop.Read(m_files->versionList), "the other's") << "it deletes them itself";
+    m_person.answer = QuestionAnswer::Yes;
+    EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed);
+}
+
+TEST_F(UpdateManagerTest, APageInAListsPlaceIsToldAndNoListIsReadTwice)
+{
+    const std::string page = "<html><body>[Sign in]</body></html>";
+    const auto reports = [&](const std::string& versions, const std::string& manufacturers) {
+        m_server.Serve(kVersions, versions);
+        m_server.Serve(kManufacturers, manufacturers);
+        EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed);
+        return StatusBarText(m_manager->Lists().Report());
+    };
+    const std::string versions = "[Loadcalc 8]\r\nMajor=8\r\n";
+    EXPECT_EQ(reports(page, page),
+              "The lists could not be read: what the server sent is no version list");
+    EXPECT_FALSE(m_manager->Lists().Succeeded());
+    EXPECT_THAT(
+        reports(versions, page),
+        testing::MatchesRegex("Checked .*[AP]M. The equipment list could not be read: what the "
+                              "server sent is no manufacturer list"));
+    (void)test::TakeCountedReads();
+    EXPECT_THAT(reports(versions, "[Pumps]\r\n1MDBFilename=pumps.mdb\r\n"),
+                testing::MatchesRegex("Checked .*/.*/.* .*:.. [AP]M"));
+    for (const auto& [file, reads] : test::TakeCountedReads())
+    {
+        EXPECT_LE(reads, 2) << file;
+    }
+    EXPECT_THAT(m_desktop.Read("VelmoUpd.log"), HasSubstr("is no version list"));
+}
+
+TEST_F(UpdateManagerTest, WhatAnotherRunLeftIsTakenAsOfThen)
+{
+    m_desktop.Write(m_files->versionList, "[Loadcalc 8]\r\nMajor=9\r\n");
+    m_desktop.Write(m_files->manufacturerList,
+                    "[Manufver General]\r\n[Pumps]\r\n1MDBFilename=p\r\n");
+    EXPECT_TRUE(MFile::SetModificationTime(
+        m_files->versionList,
+        std::chrono::sys_days(std::chrono::year(2026) / 11 / 20) + std::chrono::hours(12)));
+    m_manager->FillLists();
+    EXPECT_EQ(LatestVersion(), "9.00.0");
+    EXPECT_EQ(m_manager->Equipment().Grid().Rows().rows.size(), 1U);
+    EXPECT_EQ(m_desktop.Read(m_files->manufacturerList), "[Pumps]\r\n1MDBFilename=p\r\n");
+    EXPECT_THAT(StatusBarText(m_manager->Lists().Report()), testing::StartsWith("Checked 11/2"));
+}
+
+TEST(FetchReportTest, AFailureIsTheEndOfASentence)
+{
+    const std::pair<Error, const char*> rows[] = {
+        {{error_code::kTimedOut, "x"}, "Server not reached: the request timed out"},
+        {{error_code::kCannotConnect, "x"},
+         "Server not reached: attempt to connect to the server failed"},
+        {{error_code::kInvalidAddress, "x"}, "Server not reached: URL is invalid"},
+        {{error_code::kServerSaysWhy, "503 Out."}, "Server not reached: 503 Out"},
+        {{error_code::kUntrustedCertificate, "Not to be trusted."},
+         "Server not reached: not to be trusted"},
+        {{error_code::kDiskFull, "Disk full"}, "The lists could not be read: disk full"},
+        {{error_code::kNone, ""}, "The lists could not be read: error details not available"},
+    };
+    for (const auto& [error, text] : rows)
+    {
+        EXPECT_EQ(StatusBarText({.stage = FetchStage::Failed, .reason = error}), text);
+    }
+    EXPECT_EQ(StatusBarText({}), "Not checked yet");
 }
 
 TEST_F(UpdateManagerTest, AutomaticConnectionIsTheDefaultAndRemembered)
@@ -286,8 +392,8 @@ TEST_F(UpdateManagerTest, AStartupRunFindsWhatItsCallerWantsToKnow)
     EXPECT_EQ(findings.equipment.databases, 1);
     EXPECT_EQ(findings.equipment.pictures, 2);
     EXPECT_TRUE(m_manager->Programs().Rows().empty()) << "nobody looks at lists";
-    EXPECT_THAT(m_desktop.Read(m_files->manufacturerList), HasSubstr("http://s.example"))
-        << "the window reads it again";
+    EXPECT_THAT(m_manager->Lists().Bytes().manufacturers, HasSubstr("http://s.example"))
+        << "the window takes it over";
 }
 
 TEST_F(UpdateManagerTest, AStartupRunGivesTheServerFortySeconds)

@@ -39,11 +39,9 @@ TEST_F(SampleDesktopTest, TheProgramListSaysWhatTheTableSays)
     EXPECT_EQ(m_desktop.Read(SettingsFilePath()), settingsText);
     EXPECT_EQ(platform::ReadMachinePolicy("WebServer"), "http://127.0.0.1:1");
     const SampleVendorSite site("http://127.0.0.1:1");
-    const VersionList versions(
-        m_desktop.Write("version.ini", site.Find("/pub/demo/version.ini")->bytes), m_log);
     m_settings.AppProfileFileName(SettingsFilePath());
-    ProgramStatusList list(m_locator, m_settings, versions);
-    list.Rebuild(true);
+    ProgramStatusList list(m_locator, m_settings);
+    list.Rebuild(VersionList(site.Find("/pub/demo/version.ini")->bytes), SharedValues::Read());
     EXPECT_TRUE(m_prompts.notices.empty());
     EXPECT_EQ(std::ranges::count_if(list.Rows(), &ProgramRow::IsInstalled),
               std::ssize(kInstalledPrograms));
@@ -61,9 +59,10 @@ TEST_F(SampleDesktopTest, TheProgramListSaysWhatTheTableSays)
 TEST_F(SampleDesktopTest, TheGridSaysOfEachDatabaseWhatIsInstalledAndSetupsAreAsLargeAsListed)
 {
     const SampleSetups setups(m_desktop.Read(test::BuildMachinePath(VELMO_EQUIPMENT_SETUP)));
-    EquipmentList list(m_desktop.Write("manufver.ini", ManufacturerListText(setups.Sections(), "")),
-                       "", m_locator, m_log);
-    list.Refresh();
+    EquipmentList list(m_locator, m_log);
+    list.Show(std::make_shared<const ManufacturerList>(
+                  ParseManufacturerList(ManufacturerListText(setups.Sections(), ""), "")),
+              SharedValues::Read());
     ASSERT_EQ(list.Grid().Rows().rows.size(), 200U);
     std::int32_t old = 0;
     for (std::size_t row = 0; row < 200; ++row)

@@ -102,7 +102,23 @@ TEST_F(CalledByProgramTest, EquipmentUpdatesAreAskedAboutAndNoEndsIt)
     const auto program = StartLoadcalc();
     Await(kQuestion);
     EXPECT_FALSE(IsOnScreen(kMainWindow));
+    EXPECT_FALSE(platform::AskToComeForward(kInstanceName)) << "a silent start disturbs nobody";
+    EXPECT_TRUE(platform::AskToComeForward(kSilentInstanceName)) << "a start by hand does";
     PressButton(kQuestion, 'n');
+    EXPECT_EQ(ExitCodeOf(program), 0);
+}
+
+TEST_F(CalledByProgramTest, ASilentRunHandsOverToAPersonWhoStartsTheProgramByHand)
+{
+    m_desktop.server.Play("/pub/demo/version.ini", {FaultServer::Head(3), FaultServer::Hold()});
+    const auto program = StartLoadcalc();
+    m_desktop.server.AwaitRequest("/pub/demo/version.ini");
+    const auto byHand = platform::StartProgram(MFile::FromCommandLine(VELMO_PROGRAM), "",
+                                               platform::WindowState::Normal);
+    ASSERT_TRUE(byHand);
+    EXPECT_EQ(ExitCodeOf(byHand.Value()), 0);
+    Await(kMainWindow);
+    CloseByFrame(kMainWindow);
     EXPECT_EQ(ExitCodeOf(program), 0);
 }
 

@@ -76,7 +76,10 @@ TEST_F(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
     EXPECT_EQ(stats.GetFont().GetWeight(), wxFONTWEIGHT_NORMAL);
     ASSERT_EQ(test.loop.Waiting(kOpeningTimer), 1U);
     EXPECT_EQ(m_desktop.Fetches(), 0);
+    const wxStatusBar& bar = *test.window->GetStatusBar();
+    EXPECT_EQ(bar.GetStatusText(), "Not checked yet");
     test.loop.Fire(kOpeningTimer);
+    EXPECT_TRUE(bar.GetStatusText().StartsWith("Checked "));
     EXPECT_TRUE(test.manager.Lists().Succeeded());
     EXPECT_EQ(test.loop.Waiting(kOpeningTimer), 0U) << "once";
     EXPECT_EQ(m_desktop.Fetches(), 1);
@@ -92,6 +95,15 @@ TEST_F(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
     EXPECT_EQ(list.GetItemText(4, 3), "8.02.16");
     ASSERT_EQ(test.prompts.notices.size(), 1U);
     EXPECT_EQ(test.prompts.notices[0].title, "Need to Update") << "of the program that was named";
+
+    auto& tabs = test.Find<wxBookCtrlBase>("tbsMain");
+    tabs.SetSelection(2);
+    test.manager.Programs().List().SelectAt(0);
+    wxMouseEvent click(wxEVT_LEFT_DOWN);
+    click.SetX(stats.GetSize().x);
+    test.Find<wxStaticText>("lblStats").ProcessWindowEvent(click);
+    EXPECT_EQ(tabs.GetSelection(), 0) << "no pictures need an update, a program does";
+    EXPECT_EQ(test.manager.Programs().Selected()->Name(), "Loadcalc 8");
 }
 
 TEST_F(MainWindowTest, TheTimerWaitsForAnOpenWindowToBeClosed)

@@ -1,5 +1,6 @@
 #include "updates/ProgramStatusList.h"
 
+#include "catalogue/ProgramCatalogue.h"
 #include "sample/PeImageWriter.h"
 #include "tests/support/ProgramDesktop.h"
 #include "updates/StartupOptions.h"
@@ -19,15 +20,14 @@ class ProgramStatusListTest : public test::ProgramDesktop
 {
   protected:
     /// Installs Loadcalc 8 and fills the list from a version list.
-    void Show(const std::string& installed, const std::string& versionList, bool present = true)
+    void Show(const std::string& installed, const std::string& versionList)
     {
         m_desktop.SetWinIniFolder("LoadcalcDirectory", installed.empty() ? "" : m_desktop.Folder());
         sample::VersionResource version;
         version.strings = {
             {u"040904B0", {{u"FileVersion", std::u16string(installed.begin(), installed.end())}}}};
         m_desktop.Write("Loadcalc8.exe", sample::WritePeImage({true, {version}}));
-        m_desktop.Write("version.ini", versionList);
-        m_programs.Rebuild(present);
+        m_programs.Rebuild(VersionList(versionList), SharedValues::Read());
     }
 
     /// The cells that the list view shows of the program.
@@ -49,8 +49,7 @@ class ProgramStatusListTest : public test::ProgramDesktop
         return m_programs.List().Bold(m_programs.List().SelectedPosition().value());
     }
 
-    VersionList m_versionList{m_desktop.Folder() + "version.ini", m_log};
-    ProgramStatusList m_programs{m_locator, m_settings, m_versionList};
+    ProgramStatusList m_programs{m_locator, m_settings};
 };
 
 TEST_F(ProgramStatusListTest, TheStatusFollowsFromInstalledAndLatestVersion)
@@ -94,29 +93,18 @@ TEST_F(ProgramStatusListTest, TheStatusFollowsFromInstalledAndLatestVersion)
     }
 }
 
-TEST_F(ProgramStatusListTest, WithoutAVersionListNothingIsKnownOfLatestVersions)
-{
-    // A list that is not said to be there is not read.
-    Show("8.02.0014", "[Loadcalc 8]\r\nMajor=8\r\nMinor=3\r\n", false);
-    for (const ProgramRow& row : m_programs.Rows())
-    {
-        SCOPED_TRACE(row.Name());
-        EXPECT_EQ(row.IsInstalled(), row.Name() == "Loadcalc 8");
-        EXPECT_EQ(row.latest, ProgramVersion());
-        EXPECT_EQ(row.Status(), UpdateStatus::Unknown);
-    }
-    EXPECT_THAT(Shown("Loadcalc 8"), ElementsAre("Loadcalc 8", "-", "8.02.14", "?", "?"));
-}
-
 TEST_F(ProgramStatusListTest, AListThatIsNoneKnowsNoVersion)
 {
+    EXPECT_TRUE(VersionList("[Loadcalc 8]\r\nMajor=0\r\n").IsList());
     std::string rubbish = "[Loadcalc 8\0]\xFF\xFE[]=\r\n=\x1A\n"s;
     for (int i = 0; i < 100'000; ++i)
     {
         rubbish += static_cast<char>(i * 7919 % 251);
     }
-    for (const std::string& text : {"<html><body>Major=9 [Loadcalc 8]</body></html>"s, rubbish})
+    for (const std::string& text : {"<html><body>Major=9 [Loadcalc 8]</body></html>"s, rubbish,
+                                    "[Loadcalc 8]\r\nMinor=8\r\n[Loadcalc]\r\nMajor=8\r\n"s, ""s})
     {
+        EXPECT_FALSE(VersionList(text).IsList());
         Show("8.02.0014", text);
         ASSERT_EQ(m_programs.Rows().size(), 33U) << "the catalogue in its order but for one";
         EXPECT_EQ(m_programs.Rows()[14].Name() + m_programs.Rows()[15].Name(),
@@ -125,6 +113,43 @@ TEST_F(ProgramStatusListTest, AListThatIsNoneKnowsNoVersion)
         EXPECT_THAT(Shown("Loadcalc 8"), ElementsAre("Loadcalc 8", "-", "8.02.14", "?", "?"));
         EXPECT_EQ(m_programs.CountThatNeedUpdate(), 0);
     }
+}
+
+TEST_F(ProgramStatusListTest, WhatNoListOfTheVendorsHasIsLeftOutAndSaid)
+{
+    const auto said = [](const std::string& list) {
+        const VersionList parsed(list);
+        ProgramRow row{.index = IndexOfName("Loadcalc 8")};
+        parsed.Read(row);
+        std::string text = LatestVersionText(row.latest);
+        for (const std::string& complaint : parsed.Complaints())
+        {
+            text += "; " + complaint;
+        }
+        return text;
+    };
+    const std::string loadcalc = "[Loadcalc 8]\nMajor=8\n";
+    const auto line = [](std::size_t length) { return "x=" + std::string(length - 2, 'y') + "\n"; };
+    EXPECT_EQ(said(line(1024) + loadcalc), "8.00.0");
+    EXPECT_EQ(said(line(1025) + loadcalc),
+              "8.00.0; A line of more than 1,024 characters is left out");
+    EXPECT_EQ(said(loadcalc + "[" + std::string(255, 'n') + "]\n"), "8.00.0");
+    EXPECT_EQ(said(loadcalc + "[" + std::string(256, 'n') + "]\nMajor=9\n[Loadcalc 8]\nMinor=9\n"),
+              "8.00.0; A section with a name of more than 255 characters is left out");
+    std::string sections;
+    for (int i = 1; i < 20'000; ++i)
+    {
+        sections += "[" + std::to_string(i) + "]\r\n";
+    }
+    EXPECT_EQ(said(sections + loadcalc + "[more]\n"),
+              "8.00.0; What follows after 20,000 sections is left out");
+    EXPECT_EQ(said("[more]\n" + sections + loadcalc),
+              "?; What follows after 20,000 sections is left out");
+    const std::string address = "Demo URL=http://" + std::string(248, 'a');
+    EXPECT_EQ(said(loadcalc + address), "8.00.0");
+    EXPECT_EQ(said(loadcalc + address + "b"),
+              "8.00.0; The setup's address of Loadcalc 8 is cut, it "
+              "has more than 255 characters");
 }
 
 TEST_F(ProgramStatusListTest, ARebuildKeepsTheSelectionInView)
@@ -137,13 +162,13 @@ TEST_F(ProgramStatusListTest, ARebuildKeepsTheSelectionInView)
         void OnScrollTo(std::size_t row) override { rows.push_back(row); }
         std::vector<std::size_t> rows;
     } observer;
-    m_programs.Rebuild(false);
+    m_programs.Rebuild({}, {});
     m_programs.List().Observe(&observer);
-    m_programs.Rebuild(false);
+    m_programs.Rebuild({}, {});
     EXPECT_TRUE(observer.rows.empty());
     m_programs.List().Select("Airflow 3");
     m_programs.List().Sort(1, SortOrder::Descending);
-    m_programs.Rebuild(true);
+    m_programs.Rebuild({}, {});
     EXPECT_EQ(m_programs.Selected()->Name(), "Airflow 3");
     EXPECT_THAT(observer.rows, ElementsAre(32U));
 }
@@ -153,7 +178,7 @@ TEST_F(ProgramStatusListTest, TheStartupColumnIsReadAgainOnRequest)
     WriteSettings("[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n"
                   "CanAskAboutUpdating=1 'True\r\n"
                   "[Wiring 2]\r\nCheckForUpdateOnStartupOption=1\r\n");
-    m_programs.Rebuild(false);
+    m_programs.Rebuild({}, {});
     EXPECT_EQ(Shown("Loadcalc 8")[1], "Ask");
     EXPECT_EQ(Shown("Wiring 2")[1], "-");
     WriteStartupOptions(m_settings, "Loadcalc 8", false, startup_option::kDoNotCheck);

@@ -73,12 +73,12 @@ class StartupCheckTest : public test::ProgramDesktop
   protected:
     StartupFindings Check(const std::string& list, EquipmentCounts equipment = {})
     {
+        const VersionList versions(list);
         return m_check.CheckCaller(
-            StartupRequest("STARTUP Loadcalc 8"),
+            StartupRequest("STARTUP Loadcalc 8"), {m_settings.Snapshot(), SharedValues::Read()},
             [&] {
                 ++m_fetches;
-                m_desktop.Write("version.ini", list);
-                return !list.empty();
+                return versions.IsList() ? &versions : nullptr;
             },
             [&] {
                 ++m_counts;
@@ -86,8 +86,7 @@ class StartupCheckTest : public test::ProgramDesktop
             });
     }
 
-    VersionList m_versionList{m_desktop.Folder() + "version.ini", m_log};
-    StartupCheck m_check{m_locator, m_settings, m_versionList};
+    StartupCheck m_check{m_locator};
     int m_fetches = 0;
     int m_counts = 0;
 };
@@ -158,9 +157,9 @@ TEST_F(StartupCheckTest, AFailedFetchFindsNothing)
 
 TEST_F(StartupCheckTest, ACallerIsRememberedOnceAndNobodyElse)
 {
-    m_check.MarkCaller(StartupRequest("STARTUP"));
+    MarkCaller(m_settings, m_settings.Snapshot(), StartupRequest("STARTUP"));
     EXPECT_FALSE(platform::MFile::FileExists(m_desktop.Folder() + "VelmoUpd.ini"));
-    m_check.MarkCaller(StartupRequest("loadcalc 8"));
+    MarkCaller(m_settings, m_settings.Snapshot(), StartupRequest("loadcalc 8"));
     EXPECT_EQ(Settings(), "[Loadcalc 8]\r\nCanCallCheckUpOnStartup=1 'True\r\n");
 }
 
@@ -168,18 +167,21 @@ TEST_F(StartupCheckTest, TheUpdateManagersOwnUpdateIsOfferedWhenItIsOlder)
 {
     constexpr char kOwn[] = "[Update Manager 1]\r\nMajor=1\r\nMinor=5\r\n";
     constexpr ProgramVersion kRunning{1, 5, 0};
-    EXPECT_FALSE(m_check.CheckSelf({})) << "no list";
-    m_desktop.Write("version.ini", kOwn);
-    EXPECT_FALSE(m_check.CheckSelf(kRunning)) << "runs from elsewhere";
-    EXPECT_TRUE(m_check.CheckSelf({})) << "a build without a version";
+    const VersionList list(kOwn);
+    const auto check = [&](const ProgramVersion& running, const VersionList& latest) {
+        return m_check.CheckSelf(running, latest, SharedValues::Read());
+    };
+    EXPECT_FALSE(check({}, {})) << "no list";
+    EXPECT_FALSE(check(kRunning, list)) << "runs from elsewhere";
+    EXPECT_TRUE(check({}, list)) << "a build without a version";
     Install({1, 4, 12}, "VelmoUpd.exe");
-    const auto notice = m_check.CheckSelf(kRunning);
+    const auto notice = check(kRunning, list);
     ASSERT_TRUE(notice);
     EXPECT_EQ(notice->Name(), "Update Manager 1");
     EXPECT_EQ(notice->installed, (ProgramVersion{1, 4, 12}));
     EXPECT_EQ(notice->latest, (ProgramVersion{1, 5, 0}));
     Install({1, 5, 0}, "VelmoUpd.exe");
-    EXPECT_FALSE(m_check.CheckSelf({}));
+    EXPECT_FALSE(check({}, list));
 }
 
 } // namespace

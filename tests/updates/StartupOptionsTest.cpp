@@ -34,7 +34,7 @@ TEST_F(StartupOptionsTest, AProgramThatNeverAllowedAskingKeepsItsEarlierChoice)
     {
         SCOPED_TRACE(row.entries);
         WriteSettings(std::string("[Wiring 2]\r\n") + row.entries + "\r\n");
-        const StartupOptions options = ReadStartupOptions(m_settings, "Wiring 2");
+        const StartupOptions options = ReadStartupOptions(m_settings.Snapshot(), "Wiring 2");
         EXPECT_EQ(options.option, row.option);
         EXPECT_EQ(StartupOptionText(options.option), row.text);
         EXPECT_EQ(options.canAsk, row.canAsk);
@@ -49,7 +49,8 @@ TEST_F(StartupOptionsTest, EquipmentIsCheckedAsTheCatalogueSaysUnlessChosen)
         {"Airflow 3", true}, {"Chillersize 5", false}, {"Wiring 2", true}, {"Ductsize 6", false}};
     for (const auto& [name, notify] : kRows)
     {
-        EXPECT_EQ(ReadStartupOptions(m_settings, name).notifyOfEquipment, notify) << name;
+        EXPECT_EQ(ReadStartupOptions(m_settings.Snapshot(), name).notifyOfEquipment, notify)
+            << name;
     }
 }
 

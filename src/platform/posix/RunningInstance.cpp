@@ -98,8 +98,13 @@ bool RunningInstance::HasPrevious() const
 bool RunningInstance::BringPreviousForward(std::string_view /*caption*/,
                                            std::string_view /*className*/) const
 {
+    return AskToComeForward(m_state->name);
+}
+
+bool AskToComeForward(std::string_view name)
+{
     const Descriptor client(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    const Address address = AddressOf(m_state->name);
+    const Address address = AddressOf(name);
     char answer = kNo;
     return client.Number() >= 0 &&
            connect(client.Number(), reinterpret_cast<const sockaddr*>(&address.name),

@@ -5,6 +5,7 @@
 #include "platform/MachinePolicy.h"
 #include "platform/ProfileText.h"
 #include "platform/posix/DesktopPath.h"
+#include "text/TextCase.h"
 
 /// The files in the desktop root that stand for the registry: sections and keys as in a profile file,
 /// in UTF-8, values in quotes where blanks or quotes at their ends must survive.
@@ -61,6 +62,21 @@ std::optional<std::string> ReadUserSetting(std::string_view application, std::st
                                            std::string_view key)
 {
     return ReadSettingsFile(kUserFile, SectionOf(application, section), key);
+}
+
+Profile ReadUserSettings(std::string_view application, std::string_view section)
+{
+    const auto text = MFile::ReadAll((DesktopRoot() / kUserFile).string());
+    const std::string name = FoldedCase(SectionOf(application, section));
+    for (const auto& stored :
+         text ? ProfileText::Sections(text.Value()) : std::vector<ProfileText::Section>())
+    {
+        if (FoldedCase(stored.name) == name)
+        {
+            return Profile(section, ProfileText::BlockOf(stored.body));
+        }
+    }
+    return {};
 }
 
 Result<Done> WriteUserSetting(std::string_view application, std::string_view section,

@@ -49,9 +49,11 @@ std::wstring RequestName(std::string_view name)
     return Wide(name) + L"-come-forward";
 }
 
-bool AskToComeForward(const std::wstring& requestName)
+} // namespace
+
+bool AskToComeForward(std::string_view name)
 {
-    HANDLE request = OpenEventW(EVENT_MODIFY_STATE, FALSE, requestName.c_str());
+    HANDLE request = OpenEventW(EVENT_MODIFY_STATE, FALSE, RequestName(name).c_str());
     if (request == nullptr)
     {
         return false;
@@ -63,11 +65,9 @@ bool AskToComeForward(const std::wstring& requestName)
     return asked;
 }
 
-} // namespace
-
 struct RunningInstance::State
 {
-    std::wstring requestName;
+    std::string name;
     HANDLE mutex = nullptr;
     bool hasPrevious = false;
 
@@ -82,7 +82,7 @@ struct RunningInstance::State
 
 RunningInstance::RunningInstance(std::string_view name) : m_state(std::make_unique<State>())
 {
-    m_state->requestName = RequestName(name);
+    m_state->name = name;
     m_state->mutex = CreateMutexW(nullptr, FALSE, Wide(name).c_str());
     const DWORD error = GetLastError();
     // An instance that runs as administrator may keep its mark to itself.
@@ -102,7 +102,7 @@ bool RunningInstance::BringPreviousForward(std::string_view caption,
     HWND window = FindTopLevel({Wide(caption), Wide(className)});
     if (window == nullptr)
     {
-        return AskToComeForward(m_state->requestName);
+        return AskToComeForward(m_state->name);
     }
     // With a dialog open, it is the dialog that takes the keys.
     SetForegroundWindow(GetLastActivePopup(window));

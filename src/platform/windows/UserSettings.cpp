@@ -1,9 +1,12 @@
 #include "platform/UserSettings.h"
 
 #include "platform/MachinePolicy.h"
+#include "platform/ProfileText.h"
 #include "platform/windows/WideText.h"
 
 #include <windows.h>
+
+#include <vector>
 
 namespace velmo::platform
 {
@@ -63,6 +66,37 @@ std::optional<std::string> ReadUserSetting(std::string_view application, std::st
                                            std::string_view key)
 {
     return ReadRegistryText(HKEY_CURRENT_USER, KeyOf(application, section), key);
+}
+
+Profile ReadUserSettings(std::string_view application, std::string_view section)
+{
+    const std::wstring path = KeyOf(application, section);
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
+    {
+        return {};
+    }
+    constexpr DWORD kLongestName = 16'383;
+    std::string block;
+    std::vector<wchar_t> name(kLongestName + 1);
+    for (DWORD index = 0;; ++index)
+    {
+        auto length = static_cast<DWORD>(name.size());
+        if (RegEnumValueW(key, index, name.data(), &length, nullptr, nullptr, nullptr, nullptr) !=
+            ERROR_SUCCESS)
+        {
+            break;
+        }
+        const std::string text = Narrow(std::wstring(name.data(), length));
+        const auto value = ReadRegistryText(HKEY_CURRENT_USER, path, text);
+        // A line break in a value would begin an entry of its own; no folder has one.
+        if (value && value->find_first_of("\r\n") == std::string::npos)
+        {
+            block += text + "=" + ProfileText::Quoted(*value) + '\0';
+        }
+    }
+    RegCloseKey(key);
+    return Profile(section, block);
 }
 
 Result<Done> WriteUserSetting(std::string_view application, std::string_view section,
