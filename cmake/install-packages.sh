@@ -10,13 +10,13 @@ set -euo pipefail
 declare -A packages=(
     [build]="g++ cmake ninja-build ccache git pkg-config googletest
              libwxgtk3.2-dev libwxgtk-webview3.2-dev libcurl4-openssl-dev
-             libcli11-dev libutfcpp-dev nlohmann-json3-dev libcpp-httplib-dev"
+             libcli11-dev libutfcpp-dev nlohmann-json3-dev libcpp-httplib-dev libsodium-dev"
     # The run-time libraries that g++ brings along; named, so that a slimmed machine is put right.
     [sanitize]="libasan8 libubsan1"
     # A display of one's own: windows under test, and pictures of them.
     [display]="xvfb openbox xdotool imagemagick x11-utils fonts-dejavu-core"
-    # The cross compiler, what builds wxWidgets from its source package, and Wine with its fonts.
-    [windows]="g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev dpkg-dev make xz-utils
+    # The cross compiler, what builds wxWidgets and libsodium from their source packages, and Wine with its fonts.
+    [windows]="g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev dpkg-dev make xz-utils autoconf automake libtool
                wine wine64 fonts-wine fonts-liberation"
     [format]="clang-format git shellcheck"
     [fuzz]="clang-19 libclang-rt-19-dev"

@@ -3,17 +3,20 @@ set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(triplet x86_64-w64-mingw32)
 
-# The static wxWidgets that build-wx-windows.sh makes once, outside the tree.
-if(NOT WX_ROOT)
-    execute_process(COMMAND ${CMAKE_CURRENT_LIST_DIR}/build-wx-windows.sh --where
-                    OUTPUT_VARIABLE WX_ROOT OUTPUT_STRIP_TRAILING_WHITESPACE)
-endif()
-list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES WX_ROOT)
+# The static libraries that build-wx-windows.sh and build-sodium-windows.sh make once, outside the tree.
+foreach(library WX SODIUM)
+    if(NOT ${library}_ROOT)
+        string(TOLOWER ${library} name)
+        execute_process(COMMAND ${CMAKE_CURRENT_LIST_DIR}/build-${name}-windows.sh --where
+                        OUTPUT_VARIABLE ${library}_ROOT OUTPUT_STRIP_TRAILING_WHITESPACE)
+    endif()
+    list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ${library}_ROOT)
+endforeach()
 
 set(CMAKE_C_COMPILER ${triplet}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${triplet}-g++-posix)
 set(CMAKE_RC_COMPILER ${triplet}-windres)
-set(CMAKE_FIND_ROOT_PATH /usr/${triplet} ${WX_ROOT})
+set(CMAKE_FIND_ROOT_PATH /usr/${triplet} ${WX_ROOT} ${SODIUM_ROOT})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 foreach(kind LIBRARY INCLUDE PACKAGE)
     set(CMAKE_FIND_ROOT_PATH_MODE_${kind} ONLY)
