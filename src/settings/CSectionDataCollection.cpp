@@ -1,21 +1,12 @@
 #include "settings/CSectionDataCollection.h"
 
+#include "text/TextLine.h"
 #include "text/Utf8.h"
-
-#include <algorithm>
 
 namespace velmo
 {
 namespace
 {
-
-/// Takes the first line off; LF or CRLF ends it.
-std::string_view TakeLine(std::string_view& text)
-{
-    const std::string_view line = text.substr(0, text.find('\n'));
-    text.remove_prefix(std::min(line.size() + 1, text.size()));
-    return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
-}
 
 std::string_view WithoutFirstAndLastCharacter(std::string_view line)
 {
