@@ -4,6 +4,9 @@
 
 #include <functional>
 #include <iosfwd>
+#include <span>
+#include <string>
+#include <vector>
 
 namespace CLI
 {
@@ -24,6 +27,26 @@ struct Output
 
 using Action = std::function<ExitCode(Output)>;
 
+/// One command: what it is called and says of itself, and how it is set up.
+struct Command
+{
+    const char* name;
+    const char* description;
+    Action (*setUp)(CLI::App& command);
+};
+
+/// A program: its name, what it says of itself, and its commands.
+struct Program
+{
+    const char* name;
+    const char* description;
+    std::span<const Command> commands;
+};
+
+/// Runs the command of the program that the arguments name.
+[[nodiscard]] ExitCode RunCommand(const Program& program, const std::vector<std::string>& arguments,
+                                  Output output);
+
 /// "status": takes no arguments.
 [[nodiscard]] Action SetUpStatus(CLI::App& command);
 
@@ -32,5 +55,11 @@ using Action = std::function<ExitCode(Output)>;
 
 /// "inspect FILE...": one or more files; "inspect FILE TABLE FIELD": a field of an Access database.
 [[nodiscard]] Action SetUpInspect(CLI::App& command);
+
+/// "make SITE --serial N": the text to be signed.
+[[nodiscard]] Action SetUpMake(CLI::App& command);
+
+/// "verify FILE --key KEY": a file of signed lists.
+[[nodiscard]] Action SetUpVerify(CLI::App& command);
 
 } // namespace velmo::companion

@@ -12,14 +12,6 @@ namespace velmo::companion
 namespace
 {
 
-/// One command: what it is called and says of itself, and how it is set up.
-struct Command
-{
-    const char* name;
-    const char* description;
-    Action (*setUp)(CLI::App& command);
-};
-
 constexpr std::array kCommands{
     Command{"status",
             "Fetch the vendor's lists and print each program with its status. Exit code 0: nothing "
@@ -37,12 +29,13 @@ constexpr std::array kCommands{
 
 } // namespace
 
-ExitCode Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors)
+ExitCode RunCommand(const Program& program, const std::vector<std::string>& arguments,
+                    Output output)
 {
-    CLI::App app("Velmo Software Update Manager without its windows", "velmoupdctl");
+    CLI::App app(program.description, program.name);
     app.require_subcommand(1);
     Action chosen;
-    for (const Command& command : kCommands)
+    for (const Command& command : program.commands)
     {
         CLI::App* sub = app.add_subcommand(command.name, command.description);
         sub->callback([&chosen, action = command.setUp(*sub)] { chosen = action; });
@@ -55,9 +48,17 @@ ExitCode Run(const std::vector<std::string>& arguments, std::ostream& output, st
     catch (const CLI::ParseError& error)
     {
         // Asking for help ends the parsing too, but is no failure.
-        return app.exit(error, output, errors) == 0 ? ExitCode::Fine : ExitCode::WrongUsage;
+        return app.exit(error, output.out, output.errors) == 0 ? ExitCode::Fine
+                                                               : ExitCode::WrongUsage;
     }
-    return chosen({output, errors});
+    return chosen(output);
+}
+
+ExitCode Run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors)
+{
+    return RunCommand(
+        {"velmoupdctl", "Velmo Software Update Manager without its windows", kCommands}, arguments,
+        {output, errors});
 }
 
 } // namespace velmo::companion
