@@ -125,57 +125,5 @@ TEST(AccessFileTest, ANewerDatabaseWithAKeyOrAVersionThatDoesNotExistYetIsRefuse
     EXPECT_EQ(ReadReleaseDate(std::string(bytes).replace(0x14, 1, "\x09")), "error 11");
 }
 
-/// Sound files with all that a reader follows: maps of both kinds, moved rows, chained definitions
-/// and texts, both layouts.
-constexpr std::array kFilesToDamage = {
-    "equipment/plain_datetime_v2000.mdb", "equipment/several_rows.mdb",
-    "equipment/overflow_first_row.mdb",   "equipment/wide_90_columns.mdb",
-    "equipment/long_memo_before.mdb",     "equipment/text_mixed_unicode.mdb",
-    "microsoft/types_and_dates_1997.mdb", "microsoft/integers_and_text_1997.mdb"};
-
-/// A few fields that together reach every kind of page.
-constexpr std::array kFieldsToRead = {std::pair{"Header", "ReleaseDate"},
-                                      std::pair{"Header", "Notes"}, std::pair{"Header", "Legal"},
-                                      std::pair{"Table1", "G"}, std::pair{"Table1", "data"}};
-
-/// Reads them and says how many are values. Each must end, and soon, in an answer or an error.
-int ReadDamaged(std::string_view bytes)
-{
-    constexpr std::size_t kMostRequests = 2'000;
-    auto file = AccessFile::OpenBytes(std::as_bytes(std::span(bytes)));
-    if (!file)
-    {
-        EXPECT_NE(file.Failure().code, 0);
-        return 0;
-    }
-    AccessFile opened = std::move(file).Value();
-    int values = 0;
-    for (const auto& [table, field] : kFieldsToRead)
-    {
-        const auto read = opened.FirstRecordField(table, field);
-        values += read && read.Value().state == State::Value ? 1 : 0;
-        EXPECT_TRUE(read || !read.Failure().description.empty());
-    }
-    EXPECT_LE(opened.PageRequests(), kMostRequests);
-    return values;
-}
-
-TEST(AccessFileTest, AFileCutAnywhereEndsInAValueOrAnError)
-{
-    for (const char* file : kFilesToDamage)
-    {
-        SCOPED_TRACE(file);
-        const std::string bytes = Bytes(std::string("access/") + file);
-        ASSERT_GT(ReadDamaged(bytes), 0);
-        for (std::size_t length = 0; length < bytes.size(); length += 509)
-        {
-            // A copy of its own, so that a read past its end is seen.
-            const std::vector<char> cut(bytes.data(), bytes.data() + length);
-            ReadDamaged({cut.data(), cut.size()});
-        }
-        EXPECT_EQ(ReadDamaged(std::string_view(bytes).substr(0, 3 * 2048 - 1)), 0);
-    }
-}
-
 } // namespace
 } // namespace velmo

@@ -29,13 +29,15 @@ using Parts = std::array<std::int32_t, 3>;
 class LocatorTest : public testing::Test
 {
   protected:
-    /// The source of the error that the last call reported, empty for none.
+    /// The operation whose error the last call reported, empty for none.
     static std::string ErrorSource(const CVelmoProgramCommunicator& locator)
     {
         const auto& error = locator.LastError();
         EXPECT_TRUE(!error || error->number == 13 ||
                     (error->number == 513 && error->description == "Invalid argument"));
-        return error ? error->source : "";
+        const std::string source = error ? error->source : "CVelmoProgramCommunicator::";
+        EXPECT_TRUE(source.starts_with("CVelmoProgramCommunicator::"));
+        return source.substr(source.find(':') + 2);
     }
 
     CVelmoProgramCommunicator Locator() { return {m_log, m_prompts}; }
@@ -82,8 +84,7 @@ TEST_F(LocatorTest, FoldersComeFromWinIniElseFromTheUsersSettings)
     {
         auto locator = Locator();
         EXPECT_EQ(locator.FolderName(number), "");
-        EXPECT_EQ(ErrorSource(locator), isKnown ? "" : "CVelmoProgramCommunicator::FolderName")
-            << number;
+        EXPECT_EQ(ErrorSource(locator), isKnown ? "" : "FolderName") << number;
     }
     m_desktop.SetWinIniFolder("CommonDirectory", "C:\\Velmo");
     m_desktop.SetWinIniFolder("AirflowDirectory", "C:\\Prog");
@@ -101,6 +102,8 @@ TEST_F(LocatorTest, FoldersComeFromWinIniElseFromTheUsersSettings)
         {14, "D:\\Roof\\", "Rooftop.exe"},
         {17, "", "Splitpair.exe"},
         {19, "C:\\Velmo\\", ""},
+        {20, "", "Panelplan6.exe"},
+        {21, "", "Panelplan5.exe"},
         {28, "C:\\Velmo\\Document\\", "Document.exe"},
         {29, "C:\\Catalog\\", "VelmoCatalog.ocx"},
         {30, "C:\\Velmo\\Bill of Materials\\", "Billofmat.exe"},
@@ -113,8 +116,7 @@ TEST_F(LocatorTest, FoldersComeFromWinIniElseFromTheUsersSettings)
         EXPECT_EQ(locator.FolderName(number), folder);
         EXPECT_EQ(ErrorSource(locator), "");
         EXPECT_EQ(locator.GetEXEFileName(number), std::string(folder) + executable);
-        EXPECT_EQ(ErrorSource(locator),
-                  *executable != '\0' ? "" : "CVelmoProgramCommunicator::GetEXEFileName");
+        EXPECT_EQ(ErrorSource(locator), *executable != '\0' ? "" : "GetEXEFileName");
     }
 }
 
@@ -150,7 +152,7 @@ TEST_F(LocatorTest, VersionsAreSplitIntoThreeNumbers)
     auto locator = Locator();
     Parts parts{};
     locator.SetFileVersion(12, parts[0], parts[1], parts[2]);
-    EXPECT_EQ(ErrorSource(locator), "CVelmoProgramCommunicator::SetFileVersion");
+    EXPECT_EQ(ErrorSource(locator), "SetFileVersion");
 }
 
 TEST_F(LocatorTest, OfTwoIniFilesTheNewerIsRead)
@@ -192,16 +194,11 @@ TEST_F(LocatorTest, TheKindChoosesTheReaderOfAnIniValue)
 {
     m_desktop.SetWinIniFolder("AirflowDirectory", m_desktop.Folder());
     m_desktop.Write("Airflow3.ini", "[S]\r\nk=2.5 'x\r\nbig=70000\r\n");
+    m_desktop.SetWinIniFolder("PanelplanDirectory", m_desktop.Folder());
+    m_desktop.Write("Panelplan5.ini", "[S]\r\nk=5\r\n");
+    m_desktop.Write("Panelplan6.ini", "[S]\r\nk=6\r\n");
     const std::int16_t two = 2;
-    const struct
-    {
-        std::int32_t number;
-        const char* key;
-        INIValueKind kind;
-        INIValue fallback;
-        INIValue answer;
-        std::string source;
-    } rows[] = {
+    const std::tuple<int, const char*, INIValueKind, INIValue, INIValue, std::string> rows[] = {
         {1, "k", INIValueKind::Boolean, false, true, ""},
         {1, "k", INIValueKind::Single, 0.F, 2.5F, ""},
         {1, "k", INIValueKind::Long, 0, 2, ""},
@@ -210,18 +207,18 @@ TEST_F(LocatorTest, TheKindChoosesTheReaderOfAnIniValue)
         {1, "big", INIValueKind::Long, 0, 70000, ""},
         {1, "big", INIValueKind::Integer, two, std::monostate(), "ProgramINIValue"},
         {1, "none", INIValueKind::Long, 5, 5, ""},
+        {20, "k", INIValueKind::Long, 0, 6, ""},
+        {21, "k", INIValueKind::Long, 0, 5, ""},
         {1, "k", static_cast<INIValueKind>(5), "d", std::monostate(), "ProgramINIValue"},
         {10, "k", INIValueKind::String, "d", std::monostate(), "FolderName"},
         {32, "k", INIValueKind::String, "d", std::monostate(), "FolderName"},
     };
-    for (const auto& row : rows)
+    for (const auto& [number, key, kind, fallback, answer, source] : rows)
     {
-        SCOPED_TRACE(testing::Message() << row.number << " " << row.key << " " << row.source);
+        SCOPED_TRACE(testing::Message() << number << " " << key << " " << source);
         auto locator = Locator();
-        EXPECT_TRUE(locator.ProgramINIValue(row.number, "S", row.key, row.kind, row.fallback) ==
-                    row.answer);
-        const std::string prefix = row.source.empty() ? "" : "CVelmoProgramCommunicator::";
-        EXPECT_EQ(ErrorSource(locator), prefix + row.source);
+        EXPECT_TRUE(locator.ProgramINIValue(number, "S", key, kind, fallback) == answer);
+        EXPECT_EQ(ErrorSource(locator), source);
     }
 }
 
@@ -253,7 +250,7 @@ TEST_F(LocatorTest, AFolderIsWrittenToBothStores)
         SCOPED_TRACE(number);
         auto locator = Locator();
         locator.WriteVelmoSoftwareEntry(number, "E:\\Wrong");
-        EXPECT_EQ(ErrorSource(locator), "CVelmoProgramCommunicator::WriteVelmoSoftwareEntry");
+        EXPECT_EQ(ErrorSource(locator), "WriteVelmoSoftwareEntry");
     }
     EXPECT_EQ(winIni("CommonDirectory"), "C:\\Velmo");
     EXPECT_EQ(winIni("CatalogDirectory") + user("CatalogDirectory"), "");

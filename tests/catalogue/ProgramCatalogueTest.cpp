@@ -1,6 +1,9 @@
 #include "catalogue/ProgramCatalogue.h"
 
-#include "catalogue/CatalogueChecks.h"
+#include "catalogue/CommonFolder.h"
+#include "catalogue/VendorServer.h"
+#include "settings/DiagnosticLog.h"
+#include "tests/support/TemporaryDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -33,9 +36,7 @@ TEST(ProgramCatalogueTest, RowsAnswerWithTheirAddresses)
     {
         const char* name;
         std::int32_t locatorNumber;
-        const char* information;
-        const char* update;
-        const char* demo;
+        const char *information, *update, *demo;
         bool notifies;
     } kRows[] = {
         {"Loadcalc 8", 12, "http://w/web/hvacr/loadcalc_info.html",
@@ -68,53 +69,45 @@ TEST(ProgramCatalogueTest, TheFirstRowOnTheCommandLineIsTheCaller)
     EXPECT_EQ(CallerOfCommandLine("Loadcalc8"), "");
 }
 
-TEST(CatalogueChecksTest, EachKindOfBrokenRowIsFoundAndNamed)
+TEST(VendorServerTest, AMachinePolicyNamesAnotherWebServer)
 {
-    using enum CatalogueFault;
-    using Rows = std::vector<ProgramEntry>;
-    const std::pair<void (*)(Rows&), FaultyRow> rows[] = {
-        {[](Rows& r) {
-             r.push_back({34, "Zone 1", -1, "", "", "/pub/demo/z.exe", true});
-         },
-         {}},
-        {[](Rows& r) { r[5].index = 6; }, {5, IndexIsNotPosition}},
-        {[](Rows& r) { r[4].displayName = "Loadcalc"; }, {4, NameWithoutMajorVersion}},
-        {[](Rows& r) { r[4].displayName = "Loadcalc  8"; }, {4, NameWithoutMajorVersion}},
-        {[](Rows& r) { r[9].displayName = r[4].displayName; }, {9, NameTwice}},
-        {[](Rows& r) { r[4].locatorNumber = 1; }, {4, LocatorNumberTwice}},
-        {[](Rows& r) { r[4].locatorNumber = 32; }, {4, LocatorNumberWithoutExecutable}},
-        {[](Rows& r) { r[4].locatorNumber = 0; }, {4, LocatorNumberWithoutExecutable}},
-        {[](Rows& r) { r[33].locatorNumber = 27; }, {33, LocatedUnderAnotherName}},
-        {[](Rows& r) { std::swap(r[14].locatorNumber, r[15].locatorNumber); },
-         {14, LocatedUnderAnotherName}},
-        {[](Rows& r) { r[4].updatePage = "/web/heating/x.html"; }, {4, PageNotInAProductArea}},
-        {[](Rows& r) { r[4].informationPage = "/web/hvacr/x.txt"; }, {4, PageNotInAProductArea}},
-        {[](Rows& r) { r[4].updatePage = "/web/hvacr/a/x.html"; }, {4, PageNotInAProductArea}},
-        {[](Rows& r) { r[5].updatePage = r[4].updatePage; }, {5, UpdatePageShared}},
-        {[](Rows& r) { r[4].demoSetup = ""; }, {4, DemoSetupPath}},
-        {[](Rows& r) { r[4].demoSetup = "/pub/x.exe"; }, {4, DemoSetupPath}},
-        {[](Rows& r) { r[1].kind = ProgramKind::Ordinary; }, {1, DemoSetupPath}},
-        {[](Rows& r) { r[33].kind = ProgramKind::UpdateManager; }, {33, UpdateManagerTwice}},
+    const test::TemporaryDesktop desktop;
+    const std::string logFile = desktop.Write("server.log", "");
+    DiagnosticLog log(logFile);
+    const VendorServer built = ConfiguredServer(log);
+    EXPECT_TRUE(built.webServer.starts_with("http"));
+    const std::pair<const char*, std::string> rows[] = {
+        {"http://mirror:8080", "http://mirror:8080"},
+        {" HTTPS://Mirror.example/velmo// ", "HTTPS://Mirror.example/velmo"},
+        {"ftp://mirror", built.webServer},
+        {"http://", built.webServer},
+        {"mirror", built.webServer},
     };
-    for (const auto& [change, found] : rows)
+    for (const auto& [policy, webServer] : rows)
     {
-        Rows table(kPrograms.begin(), kPrograms.end());
-        change(table);
-        EXPECT_EQ(FirstFault(table, kLocatorTable), found);
+        SCOPED_TRACE(policy);
+        desktop.SetPolicy("WebServer", policy);
+        desktop.Write("server.log", "");
+        const VendorServer server = ConfiguredServer(log);
+        EXPECT_EQ(server.webServer, webServer);
+        EXPECT_EQ(server.secondDemoServer, built.secondDemoServer);
+        const bool ignored = webServer == built.webServer;
+        EXPECT_EQ(desktop.Read("server.log").find(policy) != std::string::npos, ignored);
     }
-    using Numbers = std::vector<LocatorEntry>;
-    const std::pair<void (*)(Numbers&), FaultyRow> numbers[] = {
-        {[](Numbers& n) { n[5].number = 6; }, {5, IndexIsNotPosition}},
-        {[](Numbers& n) { n[5].folderName = ""; }, {5, FolderNotNamed}},
-        {[](Numbers& n) { n[5].executable = ""; }, {5, IniFileWithoutExecutable}},
-        {[](Numbers& n) { n[7].iniFile = ""; }, {7, IniFileWithoutExecutable}},
-    };
-    for (const auto& [change, found] : numbers)
-    {
-        Numbers table(kLocatorTable.begin(), kLocatorTable.end());
-        change(table);
-        EXPECT_EQ(FirstFault(table), found);
-    }
+}
+
+TEST(CommonFolderTest, WinIniComesBeforeTheUsersSettingsAndNoneIsALoneBackslash)
+{
+    const test::TemporaryDesktop desktop;
+    EXPECT_EQ(CommonFolder(), "\\");
+    EXPECT_EQ(SettingsFilePath(), "\\VelmoUpd.ini");
+    EXPECT_EQ(LogFilePath(), "");
+    desktop.SetUserFolder("CommonDirectory", "C:\\User");
+    EXPECT_EQ(CommonFolder(), "C:\\User\\");
+    desktop.SetWinIniFolder("CommonDirectory", "C:\\Common\\");
+    EXPECT_EQ(CommonFolder(), "C:\\Common\\");
+    EXPECT_EQ(SettingsFilePath(), "C:\\Common\\VelmoUpd.ini");
+    EXPECT_EQ(LogFilePath(), "C:\\Common\\VelmoUpd.log");
 }
 
 } // namespace

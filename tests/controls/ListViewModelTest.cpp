@@ -1,13 +1,15 @@
 #include "controls/ListViewModel.h"
 
-#include "controls/MousePointer.h"
-#include "controls/StatusBoxModel.h"
+#include "controls/GridModel.h"
 #include "settings/CINIFileHandler.h"
 #include "settings/DiagnosticLog.h"
 #include "tests/support/TemporaryDesktop.h"
 #include "ui/CListViewHandler.h"
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
+#include <stdexcept>
 
 namespace velmo
 {
@@ -137,6 +139,8 @@ TEST_F(ListViewModelTest, TheSelectedRowStaysSelectedAmongNewOnes)
     EXPECT_THAT(m_notes.Take(), ElementsAre("rows", "selection"));
     Show({{"a", "2"}});
     EXPECT_EQ(m_model.SelectedRow(), std::nullopt);
+    Show({{"d", "2"}});
+    EXPECT_EQ(m_model.SelectedRow(), std::nullopt) << "a row that went and came again";
 }
 
 TEST_F(ListViewModelTest, OnlyRealChangesOfColumnsAreTold)
@@ -235,32 +239,89 @@ TEST_F(ListViewHandlerTest, WhatCannotBeReadLeavesTheListAsItIs)
     }
 }
 
-TEST(StatusBoxModelTest, LinesAreAddedAtTheEnd)
+/// Rows in groups of equal letters; the second column is the row's own text, the third has boxes.
+class GridModelTest : public testing::Test, public GridSource, public GridModel::Observer
 {
-    StatusBoxModel box;
-    std::vector<std::string> seen;
-    box.AddLine("before anybody looks");
-    auto observing = box.Changed().Add([&] { seen.push_back(box.Text()); });
-    box.Clear();
-    box.AddLine("one");
-    box.AddLine("two");
-    observing.reset();
-    box.AddLine("nobody looks any more");
-    EXPECT_THAT(seen, ElementsAre("", "one\r\n", "one\r\ntwo\r\n"));
+  protected:
+    GridModelTest() { m_grid.Observe(this); }
+
+    struct Row
+    {
+        std::string group;
+        std::string text;
+        TickState tick = TickState::None;
+    };
+
+    std::size_t RowCount() const override { return m_rows.size(); }
+    std::string Text(std::size_t row, std::size_t column) const override
+    {
+        return column == 0 ? m_rows.at(row).group : m_rows.at(row).text;
+    }
+    TickState Tick(std::size_t row, std::size_t column) const override
+    {
+        return column == 2 ? m_rows.at(row).tick : TickState::None;
+    }
+    GridLook Look(std::size_t /*row*/) const override { return {}; }
+    GridSpan Group(std::size_t row) const override
+    {
+        const auto group = std::ranges::equal_range(m_rows, m_rows[row].group, {}, &Row::group);
+        return {static_cast<std::size_t>(group.begin() - m_rows.begin()), group.size()};
+    }
+
+    void OnRowsChanged() override { m_heard.push_back("rows"); }
+    void OnCellChanged(std::size_t /*row*/, std::size_t /*column*/) override {}
+    void OnColumnCellsChanged(std::size_t /*column*/) override {}
+    void OnPositionChanged() override { m_heard.push_back("position"); }
+    void OnSizeToContents() override { m_heard.push_back("size"); }
+
+    void Show(std::vector<Row> rows)
+    {
+        m_rows = std::move(rows);
+        m_grid.RowsChanged();
+    }
+
+    std::vector<Row> m_rows;
+    GridModel m_grid{{{"Group", 0, false, true}, {"Value"}, {"Box", 0, false, true, true}}, *this};
+    std::vector<std::string> m_heard;
+};
+
+TEST_F(GridModelTest, AGroupIsOneCellInAMergedColumnButForItsBoxes)
+{
+    Show({{"A", "same"}, {"A", "same"}, {"B", "", TickState::Ticked}, {"B", "same"}});
+    for (const std::size_t row : {0U, 1U})
+    {
+        EXPECT_EQ(m_grid.SpanAt(row, 0), (GridSpan{0, 2}));
+        EXPECT_EQ(m_grid.SpanAt(row, 1), (GridSpan{row, 1})) << "not merged";
+        EXPECT_EQ(m_grid.SpanAt(row, 2), (GridSpan{0, 2}));
+    }
+    EXPECT_EQ(m_grid.SpanAt(2, 2), (GridSpan{2, 1})) << "a box";
+    EXPECT_EQ(m_grid.SpanAt(3, 0), (GridSpan{2, 2}));
+    EXPECT_THROW(static_cast<void>(m_grid.SpanAt(0, 3)), std::out_of_range);
 }
 
-TEST(MousePointerTest, ScopesPutBackWhatWasThereBefore)
+TEST_F(GridModelTest, OtherRowsAreSizedAndShownAtTheOldPlaceAsFarAsTheyGo)
 {
-    MousePointer pointer;
-    {
-        const CHourGlassAndArrow outer(pointer);
-        {
-            const CHourGlass inner(pointer);
-            EXPECT_EQ(pointer.Shape(), PointerShape::Hourglass);
-        }
-        EXPECT_EQ(pointer.Shape(), PointerShape::ArrowAndHourglass);
-    }
-    EXPECT_EQ(pointer.Shape(), PointerShape::Normal);
+    Show({{"A", "1"}, {"A", "2"}});
+    EXPECT_THAT(m_heard, ElementsAre("rows", "size"));
+    m_grid.NotePosition({1, 1, 1, 2});
+    m_heard.clear();
+    Show({{"A", "1"}, {"A", "2"}, {"A", "3"}});
+    EXPECT_THAT(m_heard, ElementsAre("rows", "size", "position"));
+    EXPECT_EQ(m_grid.Position(), (GridPosition{1, 1, 1, 2}));
+    m_grid.MoveTo({7, 1, 9, 40});
+    EXPECT_EQ(m_grid.Position(), (GridPosition{2, 1, 2, 2}));
+    Show({});
+    EXPECT_EQ(m_grid.Position(), (GridPosition{0, 1, 0, 2}));
+}
+
+TEST_F(GridModelTest, TheLongestTextCountsCharactersOfTheRowsThereAre)
+{
+    EXPECT_EQ(m_grid.LongestText(1), "");
+    Show({{"A", "\xC3\xA4\xC3\xA4\xC3\xA4"}, {"A", "four"}, {"B", "1"}});
+    EXPECT_EQ(m_grid.LongestText(1), "four");
+    EXPECT_EQ(m_grid.LongestText(0), "A");
+    Show({{"A", "1"}, {"A", "1"}, {"Bee", "1"}});
+    EXPECT_EQ(m_grid.LongestText(0), "Bee");
 }
 
 } // namespace

@@ -78,8 +78,6 @@ TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
     const bool wine = test::RunsUnderWine();
     const auto head = FaultServer::Head(1000);
     const std::string part(500, 'x');
-    const FaultServer::Script encoded{FaultServer::Send(
-        "HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 1\r\n\r\nx")};
     const std::tuple<const char*, FaultServer::Script, std::int32_t> faults[] = {
         {"not found", FaultServer::Answer("404 Not Found", "sorry"), 12028},
         {"gone", FaultServer::Answer("410 Gone"), 12028},
@@ -88,7 +86,6 @@ TEST(HttpGetTest, EachFaultHasItsCodeOnBothSystems)
         {"no content", FaultServer::Answer("204 No Content"), 12003},
         {"unasked part", FaultServer::Answer("206 Partial Content", "part"), 12003},
         {"created", FaultServer::Answer("201 Created", "x"), 12003},
-        {"encoded", encoded, 12152},
         {"redirect to nowhere", FaultServer::Answer("302 Found"), 12003},
         {"redirect to itself", FaultServer::Redirect("/x"), 12156},
         {"redirect to ftp", FaultServer::Redirect("ftp://127.0.0.1/x"), 12006},
@@ -192,6 +189,10 @@ TEST(HttpGetTest, AnErrorStatusDescribesItselfInReadableTextAndItsPageIsNotPasse
         server.Play("/x", FaultServer::Answer(sent, "<html>"));
         EXPECT_EQ(HttpGet(server.Url("/x"), kPatient, refuse).Failure().description, told);
     }
+    FaultServer server;
+    server.Play("/x", {FaultServer::Send("HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\n"
+                                         "Content-Length: 1\r\n\r\nx")});
+    EXPECT_EQ(HttpGet(server.Url("/x"), kPatient, refuse).Failure().code, 12152);
 }
 
 // With limits of a minute these would hit the suite's time limit if a stop request were not heard.

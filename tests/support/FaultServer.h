@@ -23,14 +23,15 @@ class FaultServer
   public:
     struct Step
     {
+        /// Send; send byte by byte with pauses; wait for Release() of the path or the server's end;
+        /// break the connection off.
         enum class Kind
         {
             Send,
-            Drip, ///< Send byte by byte with a pause between them.
-            Hold, ///< Wait for Release() of the path, or the server's end.
-            Reset ///< Break the connection off.
-        };
-        Kind kind;
+            Drip,
+            Hold,
+            Reset
+        } kind;
         std::string bytes = {};
     };
 
@@ -60,13 +61,10 @@ class FaultServer
 
     /// Lets scripts for @a path go on past their holds, those that come later too.
     void Release(const std::string& path);
-
     /// Waits until the path has been asked for, so often.
     void AwaitRequest(const std::string& path, int times = 1);
-
     /// The heads of all requests so far, each with its request line first.
     [[nodiscard]] std::vector<std::string> Requests() const;
-
     /// How often the path has been asked for.
     [[nodiscard]] int CountOf(const std::string& path) const;
 

@@ -23,7 +23,6 @@ class LoopbackSocket
 
     /// Listens on a port that the system chooses.
     [[nodiscard]] static LoopbackSocket Listening(int backlog);
-
     /// Sets out to connect to a port and does not wait for it.
     [[nodiscard]] static LoopbackSocket Connecting(int port);
 
@@ -32,16 +31,12 @@ class LoopbackSocket
 
     /// The next connection; not open when there will be none.
     [[nodiscard]] LoopbackSocket Accept() const;
-
     /// What has come, at least one byte; empty at the connection's end.
     [[nodiscard]] std::string Receive() const;
-
     /// False when the other side has gone.
     bool Send(std::string_view bytes) const;
-
     /// Ends both directions in good order and wakes whoever waits for them.
     void Shutdown() const;
-
     /// Closes with a reset instead of an orderly end.
     void Reset();
 

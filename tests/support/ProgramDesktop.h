@@ -34,7 +34,6 @@ class ProgramDesktop : public testing::Test
 
     void WriteSettings(std::string_view text) const { m_desktop.Write("VelmoUpd.ini", text); }
     [[nodiscard]] std::string Settings() const { return m_desktop.Read("VelmoUpd.ini"); }
-
     [[nodiscard]] std::string LogText() const
     {
         return platform::MFile::FileExists(m_log.Path()) ? m_desktop.Read("VelmoUpd.log") : "";

@@ -22,18 +22,14 @@ class RecordedPrompts final : public UserPrompts
     void Notify(PromptIcon icon, const std::string& text, const std::string& title) override
     {
         notices.push_back({icon, text, title});
+        m_lines.push_back(title + "|" + text);
     }
 
     /// The notices as "title|text".
-    [[nodiscard]] std::vector<std::string> Lines() const
-    {
-        std::vector<std::string> lines;
-        for (const Notice& notice : notices)
-        {
-            lines.push_back(notice.title + "|" + notice.text);
-        }
-        return lines;
-    }
+    [[nodiscard]] const std::vector<std::string>& Lines() const { return m_lines; }
+
+  private:
+    std::vector<std::string> m_lines;
 };
 
 } // namespace velmo::test

@@ -7,7 +7,7 @@
 #include "platform/UserSettings.h"
 #include "tests/support/TestSystem.h"
 
-#include <atomic>
+#include <random>
 #include <stdexcept>
 
 namespace velmo::test
@@ -19,9 +19,8 @@ constexpr const char* kVendor = "Velmo Software";
 
 std::string NewFolder()
 {
-    static std::atomic<unsigned> count = 0;
-    return "C:\\velmo-test-" + std::to_string(ProcessNumber()) + "-" + std::to_string(++count) +
-           "\\";
+    std::random_device random;
+    return "C:\\velmo-test-" + std::to_string(random()) + "-" + std::to_string(random()) + "\\";
 }
 
 template <typename T>

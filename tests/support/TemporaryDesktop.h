@@ -31,16 +31,13 @@ class TemporaryDesktop
 
     /// All bytes of a file, by its path or by its name below Folder().
     [[nodiscard]] std::string Read(std::string_view name) const;
-
     /// A file below Folder() as this machine's own functions know it.
     [[nodiscard]] std::filesystem::path Native(std::string_view name) const;
 
     /// Sets a folder value of section "Velmo Software" in "Win.ini".
     void SetWinIniFolder(std::string_view name, std::string_view folder) const;
-
     /// Sets a folder value of the user's settings of "Velmo Software", section "Program Folders".
     void SetUserFolder(std::string_view name, std::string_view folder) const;
-
     void SetPolicy(std::string_view name, std::string_view value) const;
 
   private:

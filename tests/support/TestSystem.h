@@ -14,15 +14,8 @@ namespace velmo::test
 /// there: a test that failed leaves none behind. Throws std::runtime_error.
 [[nodiscard]] std::shared_ptr<void> NewDesktop(const std::string& folder);
 
-/// This process's number, for names that no other process uses.
-[[nodiscard]] unsigned long ProcessNumber();
-
 /// A Windows path as this machine's own functions know it.
 [[nodiscard]] std::filesystem::path NativePath(std::string_view path);
-
-/// Makes @a link (a Windows path) a link to the folder @a target. False where the system has no such
-/// links, as under Wine.
-[[nodiscard]] bool MakeFolderLink(std::string_view link, std::string_view target);
 
 /// The bytes of a program that does nothing and ends at once.
 [[nodiscard]] std::string StartableProgram();

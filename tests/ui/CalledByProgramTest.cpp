@@ -2,8 +2,8 @@
 #include "platform/MFile.h"
 #include "platform/Processes.h"
 #include "sample/EquipmentDatabaseFile.h"
-#include "tests/support/FakeBrowser.h"
 #include "tests/support/OtherWindow.h"
+#include "tests/support/TestSystem.h"
 #include "tests/ui/WindowUnderTest.h"
 
 #include <gtest/gtest.h>
@@ -20,6 +20,7 @@ namespace MFile = platform::MFile;
 constexpr char kQuestion[] = "View Available Updates?";
 constexpr char kNotice[] = "Update Available";
 constexpr char kReminder[] = "Reminder to Close Open Programs";
+constexpr char kUnknown[] = "Update Status Unknown";
 constexpr char kMainWindow[] = "Velmo Software Update Manager";
 
 /// Another of the vendor's programs starts the real update manager, in a process of its own.
@@ -77,14 +78,15 @@ class CalledByProgramTest : public testing::Test
 
 TEST_F(CalledByProgramTest, AnUpdateOfTheProgramAloneIsTold)
 {
-    const FakeBrowser browser(m_desktop.desktop);
+    const std::string opened = m_desktop.desktop.Write("opened.txt", "");
+    const auto browser = RegisterBrowser(opened);
     Publish("16", "1/2/2025");
     const auto program = StartLoadcalc();
     Await(kNotice);
     EXPECT_FALSE(IsOnScreen(kMainWindow));
     PressButton(kNotice, 'c');
     EXPECT_EQ(ExitCodeOf(program), 0);
-    EXPECT_TRUE(browser.Opened().empty());
+    EXPECT_EQ(m_desktop.desktop.Read(opened), "");
 
     const auto again = StartLoadcalc();
     Await(kNotice);
@@ -92,8 +94,9 @@ TEST_F(CalledByProgramTest, AnUpdateOfTheProgramAloneIsTold)
     Await(kReminder);
     PressButton(kReminder, 'o');
     EXPECT_EQ(ExitCodeOf(again), 0);
-    WaitFor(m_loop, "the setup in the browser", [&] { return !browser.Opened().empty(); });
-    EXPECT_EQ(browser.Opened().back(), m_desktop.server.Url("/pub/demo/lc8setup.exe"));
+    WaitFor(m_loop, "the setup in the browser", [&] {
+        return m_desktop.desktop.Read(opened) == m_desktop.server.Url("/pub/demo/lc8setup.exe\n");
+    });
 }
 
 TEST_F(CalledByProgramTest, EquipmentUpdatesAreAskedAboutAndNoEndsIt)
@@ -133,6 +136,16 @@ TEST_F(CalledByProgramTest, YesShowsTheMainWindow)
     CloseByFrame(kMainWindow);
     EXPECT_EQ(ExitCodeOf(program), 0);
     EXPECT_NE(m_desktop.Setting("Main Window", "Left"), "(none)");
+}
+
+TEST_F(CalledByProgramTest, AProgramThatOpensTheWindowIsTrustedToStartItFromThenOn)
+{
+    const auto program = Start(VELMO_PROGRAM, "Loadcalc 8");
+    Await(kUnknown);
+    PressButton(kUnknown, 'o');
+    CloseByFrame(kMainWindow);
+    EXPECT_EQ(ExitCodeOf(program), 0);
+    EXPECT_EQ(m_desktop.Setting("Loadcalc 8", "CanCallCheckUpOnStartup"), "1 'True");
 }
 
 TEST_F(CalledByProgramTest, ASecondStartBringsTheMinimisedFirstBack)

@@ -4,6 +4,7 @@
 #include "app/frmMain.h"
 #include "manager/UpdateManager.h"
 #include "platform/PrivateProfile.h"
+#include "sample/SampleImage.h"
 #include "tests/support/FaultServer.h"
 #include "tests/support/RecordedPrompts.h"
 #include "tests/support/TemporaryDesktop.h"
@@ -30,7 +31,12 @@ inline constexpr char kNoAutoConnect[] = "[Miscellaneous]\r\nAutoConnect=0 'Fals
 class WindowDesktop
 {
   public:
-    WindowDesktop();
+    WindowDesktop()
+    {
+        WriteSettings("");
+        desktop.SetWinIniFolder("CommonDirectory", m_common);
+        desktop.SetPolicy("WebServer", server.Url(""));
+    }
 
     /// Serves a version list with this text, and a manufacturer list.
     void ServeLists(std::string_view versionList, std::string_view manufacturers = "")
@@ -40,7 +46,12 @@ class WindowDesktop
     }
 
     /// Installs Loadcalc 8.02.15.
-    void InstallLoadcalc();
+    void InstallLoadcalc()
+    {
+        desktop.SetWinIniFolder("LoadcalcDirectory", desktop.Folder());
+        desktop.Write("Loadcalc8.exe", sample::WriteSampleImage(
+                                           {"Loadcalc", "Loadcalc", "Loadcalc8.exe", {8, 2, 15}}));
+    }
 
     /// A value of the settings file; "(none)" when it is not there.
     [[nodiscard]] std::string Setting(std::string_view section, std::string_view key) const
@@ -57,14 +68,18 @@ class WindowDesktop
     TemporaryDesktop desktop;
 
   private:
-    std::string m_common;
+    std::string m_common = desktop.Folder() + "Common";
 };
 
 /// A loop whose timers wait until the test lets them fire.
 class HeldLoop final : public WxMessageLoop
 {
   public:
-    void After(std::chrono::milliseconds delay, std::function<void()> work) override;
+    void After(std::chrono::milliseconds delay, std::function<void()> work) override
+    {
+        holds ? (void)m_held.emplace(delay, std::move(work))
+              : WxMessageLoop::After(delay, std::move(work));
+    }
 
     /// Timers of that delay which wait.
     [[nodiscard]] std::size_t Waiting(std::chrono::milliseconds delay) const
@@ -73,7 +88,18 @@ class HeldLoop final : public WxMessageLoop
     }
 
     /// Lets those that wait now fire.
-    void Fire(std::chrono::milliseconds delay);
+    void Fire(std::chrono::milliseconds delay)
+    {
+        std::vector<std::function<void()>> now;
+        while (auto held = m_held.extract(delay))
+        {
+            now.push_back(std::move(held.mapped()));
+        }
+        for (const auto& work : now)
+        {
+            work();
+        }
+    }
 
     bool holds = true; ///< False: they fire by themselves.
 
@@ -90,7 +116,14 @@ class WindowUnderTest
 {
   public:
     WindowUnderTest() = default;
-    ~WindowUnderTest();
+    ~WindowUnderTest()
+    {
+        if (!IsClosed())
+        {
+            window->Destroy();
+        }
+        loop.Yield(); // Destroyed windows go when the loop is idle.
+    }
 
     /// Opens the window and fetches the lists.
     void OpenAndFetch()
@@ -115,7 +148,10 @@ class WindowUnderTest
     /// Presses a button as its click does.
     void Press(const char* name) { test::Press(*window, name); }
 
-    [[nodiscard]] bool IsClosed() const;
+    [[nodiscard]] bool IsClosed() const
+    {
+        return !wxTopLevelWindows.Find(window) || window->IsBeingDeleted();
+    }
 
     HeldLoop loop;
     RecordedPrompts prompts;

@@ -1,7 +1,10 @@
 #include "updates/StartupCheck.h"
 
 #include "tests/support/ProgramDesktop.h"
+#include "updates/StartupOptions.h"
 #include "updates/VersionList.h"
+
+#include <tuple>
 
 namespace velmo
 {
@@ -10,14 +13,8 @@ namespace
 
 TEST(StartupRequestTest, TheCommandLineIsSearchedNotSplit)
 {
-    const struct
-    {
-        const char* commandLine;
-        bool startupMode, databasesTab;
-        const char* caller;
-        std::int32_t index;
-        bool asksForStatus;
-    } rows[] = {
+    // Start-up mode, databases tab, caller with its index, asks for the status.
+    constexpr std::tuple<const char*, bool, bool, const char*, int, bool> kRows[] = {
         {"", false, false, "", 0, false},
         {"   ", false, false, "", 0, false},
         {"/startup", true, false, "", 0, false},
@@ -29,15 +26,15 @@ TEST(StartupRequestTest, TheCommandLineIsSearchedNotSplit)
         {"manufacturer databases", false, false, "", 0, true},
         {"STARTUP Wiring 2 Manufacturer Databases", true, true, "Wiring 2", 26, false},
     };
-    for (const auto& row : rows)
+    for (const auto& [commandLine, startupMode, databasesTab, caller, index, asks] : kRows)
     {
-        SCOPED_TRACE(row.commandLine);
-        const StartupRequest request(row.commandLine);
-        EXPECT_EQ(request.startupMode, row.startupMode);
-        EXPECT_EQ(request.databasesTab, row.databasesTab);
-        EXPECT_EQ(request.caller, row.caller);
-        EXPECT_EQ(request.callerIndex, row.index);
-        EXPECT_EQ(request.AsksForStatus(), row.asksForStatus);
+        SCOPED_TRACE(commandLine);
+        const StartupRequest request(commandLine);
+        EXPECT_EQ(request.startupMode, startupMode);
+        EXPECT_EQ(request.databasesTab, databasesTab);
+        EXPECT_EQ(request.caller, caller);
+        EXPECT_EQ(request.callerIndex, index);
+        EXPECT_EQ(request.AsksForStatus(), asks);
     }
     EXPECT_EQ(StartupRequest("  Loadcalc 8 ").text, "Loadcalc 8");
 }
@@ -182,6 +179,57 @@ TEST_F(StartupCheckTest, TheUpdateManagersOwnUpdateIsOfferedWhenItIsOlder)
     EXPECT_EQ(notice->latest, (ProgramVersion{1, 5, 0}));
     Install({1, 5, 0}, "VelmoUpd.exe");
     EXPECT_FALSE(check({}, list));
+}
+
+using StartupOptionsTest = test::ProgramDesktop;
+
+TEST_F(StartupOptionsTest, AProgramThatNeverAllowedAskingKeepsItsEarlierChoice)
+{
+    constexpr std::tuple<const char*, int, const char*, bool> kRows[] = {
+        {"", 1, "Yes", false},
+        {"CheckForUpdateOnStartup=0 'False", 2, "No", false},
+        {"CheckForUpdateOnStartup=1 'True", 1, "Yes", false},
+        {"CheckForUpdateOnStartupOption=1\r\nCheckForUpdateOnStartup=0", 1, "Yes", false},
+        {"CheckForUpdateOnStartupOption=2", 2, "No", false},
+        {"CheckForUpdateOnStartupOption=7", 7, "No", false},
+        {"CheckForUpdateOnStartupOption=99999999999", 2, "No", false},
+        {"CanAskAboutUpdating=tRUE", 0, "Ask", true},
+        {"CanAskAboutUpdating=1 'True\r\nCheckForUpdateOnStartup=0", 0, "Ask", true},
+        {"CanAskAboutUpdating=-1\r\nCheckForUpdateOnStartupOption=2", 2, "No", true},
+        {"CanAskAboutUpdating=0 'False\r\nCheckForUpdateOnStartupOption=0", 1, "Yes", false},
+    };
+    for (const auto& [entries, option, text, canAsk] : kRows)
+    {
+        SCOPED_TRACE(entries);
+        WriteSettings(std::string("[Wiring 2]\r\n") + entries + "\r\n");
+        const StartupOptions options = ReadStartupOptions(m_settings, "Wiring 2");
+        EXPECT_EQ(options.option, option);
+        EXPECT_EQ(StartupOptionText(options.option), text);
+        EXPECT_EQ(options.canAsk, canAsk);
+    }
+}
+
+TEST_F(StartupOptionsTest, EquipmentIsCheckedAsTheCatalogueSaysUnlessChosen)
+{
+    WriteSettings("[Chillersize 5]\r\nNotifyOfHVACEquipmentUpdateOnStartup=0 'False\r\n"
+                  "[Wiring 2]\r\nNotifyOfHVACEquipmentUpdateOnStartup=1 'True\r\n");
+    constexpr std::pair<const char*, bool> kRows[] = {
+        {"Airflow 3", true}, {"Chillersize 5", false}, {"Wiring 2", true}, {"Ductsize 6", false}};
+    for (const auto& [name, notify] : kRows)
+    {
+        EXPECT_EQ(ReadStartupOptions(m_settings.Snapshot(), name).notifyOfEquipment, notify)
+            << name;
+    }
+}
+
+TEST_F(StartupOptionsTest, WhatTheProgramsDecideIsNotWritten)
+{
+    const std::string theirs = "[Wiring 2]\r\nCanAskAboutUpdating=True\r\n"
+                               "CheckForUpdateOnStartup=False\r\n";
+    WriteSettings(theirs);
+    WriteStartupOptions(m_settings, "Wiring 2", false, 2);
+    EXPECT_EQ(Settings(), theirs + "NotifyOfHVACEquipmentUpdateOnStartup=0 'False\r\n"
+                                   "CheckForUpdateOnStartupOption=2\r\n");
 }
 
 } // namespace

@@ -83,10 +83,15 @@ TEST_F(FileVersionInfoTest, A16BitProgramsVersionIsRead)
 TEST_F(FileVersionInfoTest, BuildAndRevisionShareTheThirdGroup)
 {
     constexpr std::pair<std::array<std::uint16_t, 4>, const char*> kRows[] = {
-        {{1, 2, 0, 5}, "1.02.0005"},          {{1, 2, 0, 12345}, "1.02.12345"},
-        {{3, 10, 12, 7}, "3.10.1207"},        {{2, 5, 99, 99}, "2.05.9999"},
-        {{2, 5, 100, 3}, "2.05.10003"},       {{2, 5, 32767, 1}, "2.05.3276701"},
-        {{2, 5, 32768, 12345}, "2.05.12345"}, {{65535, 65535, 65535, 1}, "65535.65535.0001"}};
+        {{1, 2, 0, 5}, "1.02.0005"},
+        {{8, 0, 1, 23}, "8.00.0123"},
+        {{1, 2, 0, 12345}, "1.02.12345"},
+        {{3, 10, 12, 7}, "3.10.1207"},
+        {{2, 5, 99, 99}, "2.05.9999"},
+        {{2, 5, 100, 3}, "2.05.10003"},
+        {{2, 5, 32767, 1}, "2.05.3276701"},
+        {{2, 5, 32768, 12345}, "2.05.12345"},
+        {{65535, 65535, 65535, 1}, "65535.65535.0001"}};
     for (const auto& [words, text] : kRows)
     {
         SCOPED_TRACE(text);
@@ -242,11 +247,8 @@ TEST_F(FileVersionInfoTest, AZeroByteInTheTranslationIsAFaultAfterTheFixedNumber
 
 TEST_F(FileVersionInfoTest, OfSeveralResourcesNumberOneInTheBestLanguageIsTaken)
 {
-    const struct
-    {
-        std::vector<std::pair<std::uint16_t, std::uint16_t>> resources; ///< Number, language.
-        const char* taken; ///< The version, which ends in the language; empty: unavailable.
-    } rows[] = {
+    // Numbers and languages, and the version, which ends in the language; empty: unavailable.
+    const std::pair<std::vector<std::array<std::uint16_t, 2>>, std::string> rows[] = {
         {{{1, 0x0407}, {1, 0x0009}, {1, 0x0409}, {1, 0}}, "1.00.0000"},
         {{{1, 0x0407}, {1, 0x0009}, {1, 0x0409}}, "1.00.1033"},
         {{{1, 0x0407}, {1, 0x0009}, {1, 0x0809}}, "1.00.0009"},
@@ -254,19 +256,19 @@ TEST_F(FileVersionInfoTest, OfSeveralResourcesNumberOneInTheBestLanguageIsTaken)
         {{{2, 0x0409}, {1, 0x0407}}, "1.00.1031"},
         {{{2, 0x0409}, {0, 0x0407}}, ""},
     };
-    for (const auto& row : rows)
+    for (const auto& [resources, taken] : rows)
     {
-        SCOPED_TRACE(testing::PrintToString(row.resources));
+        SCOPED_TRACE(testing::PrintToString(resources));
         PeImage image;
-        for (const auto& [number, language] : row.resources)
+        for (const auto& [number, language] : resources)
         {
             image.versions.push_back(
                 {.id = number, .language = language, .fileVersion = {number, 0, 0, language}});
         }
         CFileVersionInfo info;
         info.FullPathName(m_desktop.Write("program.exe", sample::WritePeImage(image)));
-        EXPECT_EQ(info.Available(), *row.taken != '\0');
-        EXPECT_EQ(info.VerFile(), row.taken);
+        EXPECT_EQ(info.Available(), !taken.empty());
+        EXPECT_EQ(info.VerFile(), taken);
     }
 }
 

@@ -17,13 +17,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-/// The toolkit's own helpers run there too: they are this process's, and go on.
-bool IsOfTheVendor(const fs::path& program, const std::string& root)
-{
-    return program.string().starts_with(root) || program.filename().string().starts_with("Velmo") ||
-           program.filename().string().starts_with("velmo");
-}
-
+/// But for the toolkit's own helpers: they are this process's, and go on.
 void EndPrograms(const std::string& root)
 {
     std::error_code ignored; // Processes come and go meanwhile.
@@ -31,8 +25,11 @@ void EndPrograms(const std::string& root)
     {
         std::ifstream file(process.path() / "environ", std::ios::binary);
         const std::string environment{std::istreambuf_iterator<char>(file), {}};
+        const fs::path program = fs::read_symlink(process.path() / "exe", ignored);
+        const std::string name = program.filename().string();
         if (environment.find("VELMO_HOME=" + root + '\0') != std::string::npos &&
-            IsOfTheVendor(fs::read_symlink(process.path() / "exe", ignored), root))
+            (program.string().starts_with(root) || name.starts_with("Velmo") ||
+             name.starts_with("velmo")))
         {
             kill(std::stoi(process.path().filename()), SIGKILL);
         }
@@ -59,21 +56,9 @@ std::shared_ptr<void> NewDesktop(const std::string& folder)
             }};
 }
 
-unsigned long ProcessNumber()
-{
-    return static_cast<unsigned long>(getpid());
-}
-
 fs::path NativePath(std::string_view path)
 {
     return platform::NativePath(path);
-}
-
-bool MakeFolderLink(std::string_view link, std::string_view target)
-{
-    std::error_code error;
-    fs::create_directory_symlink(platform::NativePath(target), platform::NativePath(link), error);
-    return !error;
 }
 
 std::string StartableProgram()

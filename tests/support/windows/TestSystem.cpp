@@ -25,13 +25,7 @@ namespace
 constexpr std::array kBrowserKeys{L"Software\\Classes\\http\\shell\\open\\command",
                                   L"Software\\Classes\\https\\shell\\open\\command"};
 
-/// No test's own program: those run beside one another.
-bool IsOfTheVendor(const std::wstring& program, const std::wstring& folder)
-{
-    const std::wstring name = program.substr(program.rfind(L'\\') + 1);
-    return program.starts_with(folder) || name.starts_with(L"Velmo") || name.starts_with(L"velmo");
-}
-
+/// But for tests' own programs: those run beside one another.
 void EndPrograms(const std::wstring& folder)
 {
     std::array<DWORD, 1024> all{};
@@ -43,8 +37,12 @@ void EndPrograms(const std::wstring& folder)
             PROCESS_QUERY_LIMITED_INFORMATION | PROCESS_TERMINATE | SYNCHRONIZE, FALSE, number);
         std::array<wchar_t, MAX_PATH> path{};
         auto length = static_cast<DWORD>(path.size());
-        if (process != nullptr && QueryFullProcessImageNameW(process, 0, path.data(), &length) &&
-            IsOfTheVendor(path.data(), folder) && TerminateProcess(process, 1))
+        QueryFullProcessImageNameW(process, 0, path.data(), &length);
+        const std::wstring_view program(path.data());
+        const std::wstring_view name = program.substr(program.rfind(L'\\') + 1);
+        if ((program.starts_with(folder) || name.starts_with(L"Velmo") ||
+             name.starts_with(L"velmo")) &&
+            TerminateProcess(process, 1))
         {
             WaitForSingleObject(process, INFINITE); // Its files can go then.
         }
@@ -90,24 +88,9 @@ std::shared_ptr<void> NewDesktop(const std::string& path)
     return {nullptr, [folder](void*) { EmptyDesktop(folder); }};
 }
 
-unsigned long ProcessNumber()
-{
-    return GetCurrentProcessId();
-}
-
 std::filesystem::path NativePath(std::string_view path)
 {
     return platform::Wide(path);
-}
-
-bool MakeFolderLink(std::string_view link, std::string_view target)
-{
-    constexpr DWORD kFlags =
-        SYMBOLIC_LINK_FLAG_DIRECTORY | SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE;
-    // Wine says that it did, and did nothing.
-    return CreateSymbolicLinkW(platform::Wide(link).c_str(), platform::Wide(target).c_str(),
-                               kFlags) != FALSE &&
-           platform::MFile::IsLink(link);
 }
 
 std::string StartableProgram()
