@@ -16,13 +16,27 @@ companions=${3:-40}
 work=$(mktemp -d)
 site_pid=
 window_pid=
+round=-1
+started=
+# Also of what was done when somebody stops it.
+tell()
+{
+    sort "$work"/wrong.* | uniq -c
+    echo "$round rounds of $companions companions in $((SECONDS - started)) s:" \
+        "$(cat "$work"/wrong.* | grep -c 'wrong table') wrong tables," \
+        "$(cat "$work"/wrong.* | grep -c 'false exit code') false exit codes," \
+        "$(grep -c 'GET /pub/demo/version\.ini' "$work/site.log") fetches;" \
+        "exit code $right was right, of $(wc -l < "$work/right") lines"
+}
 finish()
 {
+    if [ "$round" -gt 0 ]; then tell; fi
     if [ -n "$window_pid" ]; then kill "$window_pid" 2> /dev/null || true; fi
     if [ -n "$site_pid" ]; then kill "$site_pid" 2> /dev/null || true; fi
     rm -rf "$work"
 }
 trap finish EXIT
+trap 'exit 143' TERM HUP
 program() # NAME FOLDER
 {
     local found
@@ -82,9 +96,3 @@ for ((round = 0; round < rounds; round++)); do
     wait "${pids[@]}"
     kill -0 "$window_pid" 2> /dev/null || { echo "many-companions: the window ended in round $round" >&2; exit 1; }
 done
-sort "$work"/wrong.* | uniq -c
-echo "$rounds rounds of $companions companions in $((SECONDS - started)) s:" \
-    "$(cat "$work"/wrong.* | grep -c 'wrong table') wrong tables," \
-    "$(cat "$work"/wrong.* | grep -c 'false exit code') false exit codes," \
-    "$(grep -c 'GET /pub/demo/version\.ini' "$work/site.log") fetches;" \
-    "exit code $right was right, of $(wc -l < "$work/right") lines"

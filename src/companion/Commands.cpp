@@ -15,7 +15,7 @@ namespace
 constexpr std::array kCommands{
     Command{"status",
             "Fetch the vendor's lists and print each program with its status. Exit code 0: nothing "
-            "needs an update, 3: something does, 5: the server could not be reached.",
+            "needs an update, 3: something does, 5: the list could not be had.",
             SetUpStatus},
     Command{"equipment",
             "Fetch the vendor's lists and print each equipment database and picture group with its "

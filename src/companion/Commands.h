@@ -19,7 +19,7 @@ enum class ExitCode : int
     WrongUsage = 2,        ///< Unknown command or option.
     UpdatesAvailable = 3,  ///< At least one thing needs an update.
     FaultsFound = 4,       ///< Of what velmolists looked at, not all is as it should be.
-    ServerUnreachable = 5, ///< The vendor's lists could not be fetched.
+    ServerUnreachable = 5, ///< The vendor's list could not be fetched, or what came is none.
 };
 
 /// Runs velmoupdctl's command that the arguments name, the program's name not among them.

@@ -27,6 +27,7 @@ std::string DetailsText(const DetailsSources& sources)
     AddLine(text, "Settings file", sources.settingsFile);
     AddLine(text, "Log file", sources.logFile);
     AddLine(text, "Server", sources.lists.Server().webServer);
+    AddLine(text, "Lists", StatusBarText(sources.lists.Report()));
     const std::string& lines = sources.statusBox.Text();
     text += "\r\nLast refresh of the lists:\r\n" + (lines.empty() ? "(not yet)\r\n" : lines);
     text += "\r\nInstalled programs (installed version, latest version, need to update):\r\n";

@@ -70,7 +70,8 @@ void ListsFetch::Run(ShownLists* shown)
     m_with.statusBox.AddLine("Attempting to connect...");
     m_with.loop.Yield();
     const auto lock = WaitForOthers();
-    if (lock || !m_cancelRequested)
+    m_ownsFiles = lock.has_value();
+    if (m_ownsFiles)
     {
         m_files.Delete(m_with.log);
     }
@@ -107,7 +108,7 @@ void ListsFetch::Connect(ShownLists* shown)
     {
         return;
     }
-    if (!MFile::FileExists(m_files.versionList))
+    if (m_ownsFiles && !MFile::FileExists(m_files.versionList))
     {
         m_with.statusBox.AddLine("Version information did not successfully download");
         m_with.loop.Yield();
@@ -136,7 +137,7 @@ void ListsFetch::Adopt(ShownLists* shown)
     Parse();
     if (shown != nullptr)
     {
-        if (!m_bytes.manufacturers.empty())
+        if (m_ownsFiles && !m_bytes.manufacturers.empty())
         {
             TakeOutServerValues(m_files.manufacturerList, m_with.log);
         }
@@ -206,7 +207,8 @@ std::optional<platform::SharedLock> ListsFetch::WaitForOthers()
         }
         if (now >= (isHeld ? end : began + kLongestRefusal))
         {
-            m_with.log.Failure("Waiting for other fetches of the lists", lock.Failure());
+            m_with.log.Failure("The list files are left alone, as their lock cannot be had",
+                               lock.Failure());
             return std::nullopt;
         }
         if (isHeld && m_report.stage != FetchStage::Waiting)
@@ -220,7 +222,8 @@ std::optional<platform::SharedLock> ListsFetch::WaitForOthers()
 Result<std::string> ListsFetch::Download(std::string_view name, const std::string& path)
 {
     const std::string address = m_server.Address(std::string(vendor_path::kLists).append(name));
-    auto bytes = m_with.urlToFile.Download(address, path);
+    auto bytes =
+        m_ownsFiles ? m_with.urlToFile.Download(address, path) : m_with.urlToFile.Read(address);
     if (!bytes && !m_cancelRequested)
     {
         m_with.log.Failure("Downloading " + address, bytes.Failure());

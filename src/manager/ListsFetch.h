@@ -30,8 +30,8 @@ class SharedLock;
 /**
     The fetch of the vendor's two lists into the program's folder, with its status lines, and what it
     brought: it is held here, and the files are there for whoever else looks for them. One fetch at a
-    time on a desktop, in whatever process: the next one waits, at most a minute, then goes on with a
-    line in the log. A fetch blocks its caller but keeps the message loop going, so that the window
+    time on a desktop, in whatever process: the next one waits, at most a minute. Then, as in a folder
+    that may not be written, it leaves the files alone, with a line in the log. A fetch blocks its caller but keeps the message loop going, so that the window
     lives and a cancel ends it at once. User-interface thread.
  */
 class ListsFetch
@@ -110,6 +110,7 @@ class ListsFetch
     ListBytes m_bytes;
     VendorLists m_lists;
     bool m_busy = false;
+    bool m_ownsFiles = false; ///< By their lock, as long as the fetch runs.
     bool m_cancelRequested = false;
 };
 

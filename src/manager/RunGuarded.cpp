@@ -4,6 +4,7 @@
 #include "settings/DiagnosticLog.h"
 
 #include <exception>
+#include <iostream>
 #include <string>
 
 namespace velmo
@@ -18,7 +19,9 @@ int RunGuarded(const std::function<int()>& work, int failed)
     catch (const std::exception& fault)
     {
         // What the work held is free again by now.
-        DiagnosticLog(LogFilePath()).Write(std::string("The program ends: ") + fault.what());
+        const std::string text = std::string("The program ends: ") + fault.what();
+        DiagnosticLog(LogFilePath()).Write(text);
+        std::cerr << text << "\n";
         return failed;
     }
 }

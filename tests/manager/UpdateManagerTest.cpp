@@ -296,6 +296,24 @@ TEST_F(UpdateManagerTest, AFetchWaitsForAnotherOneOfTheDesktopAndAPersonCanEndTh
     EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed);
 }
 
+TEST_F(UpdateManagerTest, WithoutTheLockTheListsAreHadAllTheSameAndTheFilesLeftAlone)
+{
+    const auto other = platform::SharedLock::Take(m_files->lock, {});
+    ASSERT_TRUE(other);
+    m_desktop.Write(m_files->versionList, "the other's");
+    m_manager->Lists().EndBy(std::chrono::steady_clock::now() + std::chrono::milliseconds(20));
+    const auto watching = m_manager->Lists().ReportChanged().Add([&] {
+        if (m_manager->Lists().Report().stage == FetchStage::Waiting)
+        {
+            m_manager->Lists().EndBy(std::chrono::steady_clock::now() + std::chrono::hours(1));
+        }
+    });
+    EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed);
+    EXPECT_EQ(LatestVersion(), "8.02.15");
+    EXPECT_EQ(m_desktop.Read(m_files->versionList), "the other's");
+    EXPECT_THAT(LogText(), HasSubstr("The list files are left alone"));
+}
+
 TEST_F(UpdateManagerTest, APageInAListsPlaceIsToldAndNoListIsReadTwice)
 {
     const std::string page = "<html><body>[Sign in]</body></html>";
