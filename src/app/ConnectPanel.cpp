@@ -1,6 +1,7 @@
 #include "app/ConnectPanel.h"
 
 #include "manager/UpdateManager.h"
+#include "ui/FrameOfClass.h"
 #include "ui/WxText.h"
 
 #include <wx/button.h>
@@ -21,7 +22,7 @@ constexpr int kStatusLines = 4;
 
 ConnectPanel::ConnectPanel(wxWindow* parent, UpdateManager& manager,
                            std::function<void(UpdateKind)> goTo)
-    : wxPanel(parent, wxID_ANY), m_manager(manager)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, kPanelStyle), m_manager(manager)
 {
     m_status = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxTE_MULTILINE | wxTE_READONLY);
@@ -63,6 +64,7 @@ wxWindow* ConnectPanel::CreateStats(const std::function<void(UpdateKind)>& goTo)
 {
     auto* panel = new wxPanel(this, wxID_ANY);
     panel->SetName("picStats");
+    panel->SetCanFocus(false); // Nobody would see where the keyboard is.
     m_stats = new wxStaticText(panel, wxID_ANY, wxEmptyString);
     m_stats->SetName("lblStats");
     m_stats->SetToolTip("Click to go to the first that needs updating");
@@ -99,6 +101,9 @@ void ConnectPanel::ShowBusy()
 {
     m_reconnect->SetLabel(ToWx(ListsFetch::ButtonCaption(m_manager.Lists().Busy())));
     m_reconnect->Enable();
+    // The letter is then the one of "&Cancel".
+    m_autoConnect->SetLabel(m_manager.Lists().Busy() ? "Automatically Connect"
+                                                     : "Automatically &Connect");
 }
 
 void ConnectPanel::ShowCounts()

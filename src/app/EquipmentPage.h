@@ -1,8 +1,14 @@
 #pragma once
 
+#include "controls/Observers.h"
+#include "equipment/EquipmentGrid.h"
 #include "install/SetupWatch.h"
 
 #include <wx/panel.h>
+
+#include <array>
+#include <string_view>
+#include <vector>
 
 class wxButton;
 class wxMenu;
@@ -11,6 +17,7 @@ class wxStaticText;
 namespace velmo
 {
 
+class Grid;
 class UpdateManager;
 class UserPrompts;
 namespace platform
@@ -31,8 +38,22 @@ class EquipmentPage final : public wxPanel
     /// Fills the menu `mnuMarkClearMain` of the mark button; its entries tick and clear the boxes.
     void FillMarkMenu(wxMenu& menu);
 
+    /// Columns that a person may hide; the settings file remembers it.
+    struct ColumnGroup
+    {
+        const char* caption; ///< Of its menu entry.
+        std::string_view key;
+        std::vector<EquipmentColumn> columns;
+    };
+    [[nodiscard]] static const std::array<ColumnGroup, 2>& ColumnGroups();
+    void Show(const ColumnGroup& group, bool shown);
+    [[nodiscard]] bool IsShown(const ColumnGroup& group) const;
+
+    void FocusGrid();
+
   private:
     void ShowSummary();
+    void ShowEmptyText();
     void ShowMarkMenu();
     void Install();
 
@@ -41,9 +62,11 @@ class EquipmentPage final : public wxPanel
     platform::MessageLoop& m_loop;
     SetupWatch
         m_setups; ///< Of the last installation: looks at the databases again when they ended.
+    Grid* m_grid = nullptr;
     wxButton* m_markClear = nullptr;
     wxButton* m_install = nullptr;
     wxStaticText* m_summary = nullptr;
+    Observers::Subscription m_report;
 };
 
 } // namespace velmo

@@ -19,12 +19,18 @@
 namespace velmo
 {
 
-MainMenu::MainMenu(wxFrame& frame, UpdateManager& manager, UserPrompts& prompts,
-                   std::function<void(std::size_t)> selectTab)
-    : m_frame(frame), m_manager(manager), m_prompts(prompts)
+namespace
+{
+
+constexpr int kBarStep = 2; ///< Lines that one key press moves a bar.
+
+} // namespace
+
+MainMenu::MainMenu(wxFrame& frame, UpdateManager& manager, UserPrompts& prompts, Host host)
+    : m_frame(frame), m_manager(manager), m_prompts(prompts), m_host(std::move(host))
 {
     CreateMenus();
-    SetUpKeys(selectTab);
+    SetUpKeys();
 }
 
 void MainMenu::Bind(int id, std::function<void()> action)
@@ -45,6 +51,7 @@ void MainMenu::CreateMenus()
     help->Append(wxID_ABOUT, "&About Update Manager...");
     auto* bar = new wxMenuBar;
     bar->Append(file, "&File");
+    bar->Append(NewViewMenu(), "&View");
     bar->Append(help, "&Help");
     m_frame.SetMenuBar(bar);
     Bind(wxID_EXIT, [this] { m_frame.Close(); });
@@ -53,36 +60,84 @@ void MainMenu::CreateMenus()
     Bind(wxID_ABOUT, [this] { frmAbout(&m_frame, kOwnInformation).ShowModal(); });
 }
 
-void MainMenu::SetUpKeys(const std::function<void(std::size_t)>& selectTab)
+void MainMenu::Add(wxMenu& menu, const wxString& caption, std::function<void()> action)
 {
-    // Tab captions underline their letters but do not act on them. Alt+H is the Help menu's, so each
-    // tab has its number as well.
-    struct TabKeys
+    Bind(menu.Append(wxID_ANY, caption)->GetId(), std::move(action));
+}
+
+void MainMenu::AddToggle(const wxString& caption, bool shown, std::function<void(bool)> show)
+{
+    wxMenuItem* item = m_view->AppendCheckItem(wxID_ANY, caption);
+    item->Check(shown);
+    Bind(item->GetId(), [item, show = std::move(show)] { show(item->IsChecked()); });
+}
+
+wxMenu* MainMenu::NewViewMenu()
+{
+    m_view = new wxMenu;
+    // Alt+H is the Help menu's, so each tab has its number as well as the letter in its caption.
+    Add(*m_view, "&Programs\tCtrl+1", [this] { m_host.selectTab(0); });
+    Add(*m_view, "HVAC &Equipment Databases\tCtrl+2", [this] { m_host.selectTab(1); });
+    Add(*m_view, "&Latest News\tCtrl+3", [this] { m_host.selectTab(2); });
+    Add(*m_view, "&Next Tab\tCtrl+PgDn", [this] { m_host.turnTab(1); });
+    Add(*m_view, "Pre&vious Tab\tCtrl+PgUp", [this] { m_host.turnTab(-1); });
+    m_view->AppendSeparator();
+    Add(*m_view, "&Select a Program\tAlt+S", [this] { m_host.focusContents(0); });
+    Add(*m_view, "&Tick Databases and Pictures\tAlt+T", [this] { m_host.focusContents(1); });
+    Add(*m_view, "Read Hea&dlines\tAlt+N", [this] { m_host.focusContents(2); });
+    auto* sort = new wxMenu;
+    std::size_t number = 0;
+    for (const ListColumn& column : m_manager.Programs().List().Columns())
     {
-        char letter; ///< With Alt; 0 for none.
-        char number; ///< With Ctrl.
-    };
-    constexpr std::array kTabs{TabKeys{'A', '1'}, TabKeys{0, '2'}, TabKeys{'L', '3'}};
-    std::vector<wxAcceleratorEntry> keys{{wxACCEL_NORMAL, WXK_F5, wxID_REFRESH},
-                                         {wxACCEL_NORMAL, WXK_ESCAPE, wxID_STOP}};
-    for (std::size_t tab = 0; tab < kTabs.size(); ++tab)
-    {
-        const int id = wxWindow::NewControlId();
-        keys.emplace_back(wxACCEL_CTRL, kTabs[tab].number, id);
-        if (kTabs[tab].letter != 0)
-        {
-            keys.emplace_back(wxACCEL_ALT, kTabs[tab].letter, id);
-        }
-        Bind(id, [selectTab, tab] { selectTab(tab); });
+        ++number;
+        Add(*sort, ToWx(column.title) + "\tAlt+" + std::to_string(number),
+            [this, number] { m_host.sortPrograms(number); });
     }
-    m_frame.SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(keys.size()), keys.data()));
+    m_view->AppendSubMenu(sort, "S&ort Programs By");
+    Add(*m_view, "Move Bar &Up\tCtrl+Shift+Up", [this] { m_host.moveBar(-kBarStep); });
+    Add(*m_view, "&Move Bar Down\tCtrl+Shift+Down", [this] { m_host.moveBar(kBarStep); });
+    m_view->AppendSeparator();
+    m_view->Append(wxID_REFRESH, "&Refresh Lists\tF5");
+    m_view->Append(wxID_STOP, "&Cancel\tEsc");
+    m_view->AppendSeparator();
     Bind(wxID_REFRESH, [this] { m_manager.FetchLists(); });
     Bind(wxID_STOP, [this] { m_manager.Lists().Cancel(); });
+    return m_view;
+}
+
+void MainMenu::SetUpKeys()
+{
+    // Keys that stand in no menu: the tabs' captions underline letters but do not act on them, and the
+    // order of tabs is commonly walked by these.
+    const std::array<std::pair<wxAcceleratorEntry, std::function<void()>>, 4> keys{{
+        {{wxACCEL_ALT, 'A'}, [this] { m_host.selectTab(0); }},
+        {{wxACCEL_ALT, 'L'}, [this] { m_host.selectTab(2); }},
+        {{wxACCEL_CTRL, WXK_TAB}, [this] { m_host.turnTab(1); }},
+        {{wxACCEL_CTRL | wxACCEL_SHIFT, WXK_TAB}, [this] { m_host.turnTab(-1); }},
+    }};
+    std::vector<wxAcceleratorEntry> entries{{wxACCEL_NORMAL, WXK_F5, wxID_REFRESH},
+                                            {wxACCEL_NORMAL, WXK_ESCAPE, wxID_STOP}};
+    for (const auto& [key, action] : keys)
+    {
+        const int id = wxWindow::NewControlId();
+        entries.emplace_back(key.GetFlags(), key.GetKeyCode(), id);
+        Bind(id, action);
+    }
+    m_frame.SetAcceleratorTable(
+        wxAcceleratorTable(static_cast<int>(entries.size()), entries.data()));
 }
 
 void MainMenu::OpenLogFile()
 {
     const std::string& path = m_manager.Log().Path();
+    if (const auto whyOff = m_manager.Log().WhyOff())
+    {
+        m_prompts.Notify(PromptIcon::Information,
+                         "The log file cannot be written, so that it does not tell everything: " +
+                             whyOff->description + " (" + path + ")",
+                         "Log File");
+        return;
+    }
     if (!platform::MFile::FileExists(path))
     {
         m_prompts.Notify(PromptIcon::Information,

@@ -1,11 +1,13 @@
 #include "app/NewsPage.h"
 
+#include "app/EmptyText.h"
 #include "catalogue/VendorPaths.h"
 #include "manager/UpdateManager.h"
 #include "news/Headlines.h"
 #include "text/WebAddress.h"
 #include "ui/BrowserPane.h"
 #include "ui/CHorizontalSplitter.h"
+#include "ui/FrameOfClass.h"
 #include "ui/LinkGrid.h"
 #include "ui/Twips.h"
 #include "ui/WxText.h"
@@ -27,11 +29,11 @@ constexpr int kHeadlines = 7;
 } // namespace
 
 NewsPage::NewsPage(wxWindow* parent, UpdateManager& manager, const Host& host)
-    : wxPanel(parent, wxID_ANY), m_manager(manager)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, kPanelStyle), m_manager(manager)
 {
-    auto* splitter = new CHorizontalSplitter(this, "fraSplitterNews");
+    m_splitter = new CHorizontalSplitter(this, "fraSplitterNews");
     m_headlines = new LinkGrid(
-        splitter, "flxNewsHeadlines", ToWx(kHeadlinesTitle),
+        m_splitter, "flxNewsHeadlines", ToWx(kHeadlinesTitle),
         [this, host](const std::string& link) {
             const auto address = ParseWebAddress(link);
             if (address && address->scheme == WebScheme::Ftp)
@@ -44,12 +46,14 @@ NewsPage::NewsPage(wxWindow* parent, UpdateManager& manager, const Host& host)
             host.bringToFront();
         },
         host.showLink);
-    m_browser = new BrowserPane(splitter, "webNews", kEmptyPage, host.openInUserBrowser);
-    splitter->Init(m_headlines, m_browser,
-                   TwipsOfPixels(*splitter, m_headlines->HeightOf(kHeadlines)));
+    m_browser = new BrowserPane(m_splitter, "webNews", kEmptyPage, host.openInUserBrowser);
+    m_splitter->Init(m_headlines, m_browser,
+                     TwipsOfPixels(*m_splitter, m_headlines->HeightOf(kHeadlines)));
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(splitter, wxSizerFlags(1).Expand().Border());
+    sizer->Add(m_splitter, wxSizerFlags(1).Expand().Border());
     SetSizer(sizer);
+    m_report = m_manager.Lists().ReportChanged().Add([this] { ShowEmptyText(); });
+    ShowEmptyText();
     m_changes = m_manager.Shown().HeadlinesChanged().Add([this] { ShowHeadlines(); });
 }
 
@@ -66,6 +70,21 @@ void NewsPage::ShowHeadlines()
         // They came with a connection: the page may load now.
         m_browser->Retry();
     }
+}
+
+void NewsPage::ShowEmptyText()
+{
+    m_headlines->SetEmptyText(ToWx(EmptyText(m_manager.Lists().Report(), "headlines")));
+}
+
+void NewsPage::MoveBar(int lines)
+{
+    m_splitter->MoveByLines(lines);
+}
+
+void NewsPage::FocusHeadlines()
+{
+    m_headlines->SetFocus();
 }
 
 void NewsPage::OpenNewsPage()

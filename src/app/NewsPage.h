@@ -11,6 +11,7 @@ namespace velmo
 {
 
 class BrowserPane;
+class CHorizontalSplitter;
 class LinkGrid;
 class UpdateManager;
 
@@ -33,13 +34,21 @@ class NewsPage final : public wxPanel
     /// Opens the vendor's news page.
     void OpenNewsPage();
 
+    void FocusHeadlines();
+
+    /// Moves the bar between headlines and page down by so many lines, up by a negative number.
+    void MoveBar(int lines);
+
   private:
     void ShowHeadlines();
+    void ShowEmptyText();
 
     UpdateManager& m_manager;
+    CHorizontalSplitter* m_splitter = nullptr;
     LinkGrid* m_headlines = nullptr;
     BrowserPane* m_browser = nullptr;
     Observers::Subscription m_changes;
+    Observers::Subscription m_report;
 };
 
 } // namespace velmo

@@ -8,6 +8,8 @@
 #include "ui/BrowserPane.h"
 #include "ui/CHorizontalSplitter.h"
 #include "ui/CListViewHandler.h"
+#include "ui/FrameOfClass.h"
+#include "ui/KeyLabel.h"
 #include "ui/ListView.h"
 #include "ui/WxText.h"
 
@@ -16,7 +18,6 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/weakref.h>
-#include <wx/wrapsizer.h>
 
 #include <array>
 #include <cmath>
@@ -44,17 +45,17 @@ void ShowState(wxButton& button, const ButtonState& state)
 
 ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, UpdateWindows& windows,
                            platform::MessageLoop& loop)
-    : wxPanel(parent, wxID_ANY), m_manager(manager), m_windows(windows), m_loop(loop)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, kPanelStyle), m_manager(manager),
+      m_windows(windows), m_loop(loop)
 {
     SetName("picHoldPrograms");
     auto* instructions = new wxStaticText(this, wxID_ANY, kInstructions);
     instructions->SetName("lblInstructions");
+    LeaveKeyToMenu(*instructions);
 
     m_splitter = new CHorizontalSplitter(this, "fraSplitterProgram");
-    m_list = new ListView(m_splitter, manager.Programs().List(), [&manager](std::size_t column) {
-        const CListViewHandler handler(manager.Settings());
-        handler.ColumnClick(manager.Programs().List(), column);
-    });
+    m_list = new ListView(m_splitter, manager.Programs().List(),
+                          [this](std::size_t column) { SortBy(column); });
     m_list->SetName("lvwMain");
     m_list->OnSelection([this] { ShowSelectedProgram(); });
     m_browser =
@@ -62,7 +63,8 @@ ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, UpdateWindo
             manager.Addresses().Open(address);
         });
 
-    auto* buttons = new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES);
+    // Of one height whatever the captions are: what is above must not move under the pointer.
+    auto* buttons = new wxGridSizer(2, wxSize(FromDIP(6), FromDIP(6)));
     m_updateOptions = AddButton(*buttons, "cmdSetStartupUpdateOptions");
     m_download = AddButton(*buttons, "cmdDownloadUpdate");
     m_updatePage = AddButton(*buttons, "cmdGoToUpdatePage");
@@ -155,7 +157,7 @@ wxButton* ProgramsPage::AddButton(wxSizer& sizer, const wxString& name)
 {
     auto* button = new wxButton(this, wxID_ANY);
     button->SetName(name);
-    sizer.Add(button, wxSizerFlags().Border(wxRIGHT | wxTOP | wxBOTTOM, FromDIP(3)));
+    sizer.Add(button, wxSizerFlags().Expand());
     return button;
 }
 
@@ -175,6 +177,12 @@ void ProgramsPage::RestoreState()
     const CListViewHandler handler(m_manager.Settings());
     handler.LoadWidths(list, kProgramListSection);
     handler.LoadSort(list, kProgramListSection);
+    handler.SetHeaderStyle(list, true);
+}
+
+void ProgramsPage::SortBy(std::size_t column)
+{
+    CListViewHandler(m_manager.Settings()).ColumnClick(m_manager.Programs().List(), column);
 }
 
 void ProgramsPage::SaveState() const
@@ -238,6 +246,11 @@ void ProgramsPage::NavigateNow()
 void ProgramsPage::FocusList()
 {
     m_list->SetFocus();
+}
+
+void ProgramsPage::MoveBar(int lines)
+{
+    m_splitter->MoveByLines(lines);
 }
 
 } // namespace velmo

@@ -42,6 +42,12 @@ class ProgramsPage final : public wxPanel
 
     void FocusList();
 
+    /// As a click on the header of a column, from 1.
+    void SortBy(std::size_t column);
+
+    /// Moves the bar between list and page down by so many lines, up by a negative number.
+    void MoveBar(int lines);
+
   private:
     wxButton* AddButton(wxSizer& sizer, const wxString& name);
     void BindActions();

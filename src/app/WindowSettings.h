@@ -10,6 +10,7 @@ inline constexpr std::string_view kMainWindowSection = "Main Window"; ///< Place
 inline constexpr std::string_view kSliderTopKey = "SliderTopPrograms";
 /// The same position when nobody put the bar there: it still follows the window's size.
 inline constexpr std::string_view kSliderDesignKey = "SliderTopDesign";
-inline constexpr std::string_view kProgramListSection = "Program List"; ///< Sort and widths.
+inline constexpr std::string_view kProgramListSection = "Program List";     ///< Sort and widths.
+inline constexpr std::string_view kEquipmentGridSection = "Equipment Grid"; ///< Hidden columns.
 
 } // namespace velmo

@@ -107,10 +107,12 @@ void frmInstallMDB::Cancel()
 
 void frmInstallMDB::ShowLines()
 {
-    wxString text = ToWx(m_flow.Status().Text());
-    text.Replace("\r\n", "\n");
-    m_status->ChangeValue(text);
-    m_status->ShowPosition(m_status->GetLastPosition());
+    // Lines are only ever added: setting the whole text for each would take ever longer.
+    const std::string& lines = m_flow.Status().Text();
+    wxString added = ToWx(std::string_view(lines).substr(m_shownLines));
+    m_shownLines = lines.size();
+    added.Replace("\r\n", "\n");
+    m_status->AppendText(added);
 }
 
 void frmInstallMDB::OnBarsChanged()
@@ -121,6 +123,10 @@ void frmInstallMDB::OnBarsChanged()
 
 void frmInstallMDB::OnStateChanged()
 {
+    if (m_start->HasFocus() && !m_flow.StartEnabled())
+    {
+        m_cancel->SetFocus(); // A disabled button would keep the keys, Escape too.
+    }
     m_start->Enable(m_flow.StartEnabled());
     m_cancel->SetLabel(ToWx(m_flow.CancelCaption()));
 }

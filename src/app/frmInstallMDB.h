@@ -36,6 +36,7 @@ class frmInstallMDB final : public Dialog, private InstallFlow::Observer
     wxButton* m_start = nullptr;
     wxButton* m_cancel = nullptr;
     bool m_closeAtEnd = false;
+    std::size_t m_shownLines = 0; ///< Bytes of the flow's lines that the box has.
     Observers::Subscription m_lines;
 };
 

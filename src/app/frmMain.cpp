@@ -45,8 +45,7 @@ frmMain::frmMain(UpdateManager& manager, UpdateWindows& windows, platform::Messa
     : FrameOfClass(kMainWindowClass, kMainWindowCaption, "frmMain", kDefaultSize,
                    kDefaultCharacters),
       m_manager(manager), m_windows(windows), m_loop(loop),
-      m_menu(*this, manager, windows, [this](std::size_t tab) { m_tabs->SetSelection(tab); }),
-      m_place(manager.Settings(), kMainWindowSection)
+      m_menu(*this, manager, windows, MenuHost()), m_place(manager.Settings(), kMainWindowSection)
 {
     SetMinSize(FromDIP(kLeastSize));
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
@@ -55,6 +54,35 @@ frmMain::frmMain(UpdateManager& manager, UpdateWindows& windows, platform::Messa
     m_news->OpenNewsPage();
     RestoreState();
     m_manager.FillLists();
+}
+
+MainMenu::Host frmMain::MenuHost()
+{
+    return {[this](std::size_t tab) { m_tabs->SetSelection(tab); },
+            [this](int direction) { m_tabs->AdvanceSelection(direction > 0); },
+            [this](std::size_t tab) { FocusContents(tab); },
+            [this](int lines) {
+                const bool onNews = m_tabs->GetSelection() == static_cast<int>(kNewsTab);
+                onNews ? m_news->MoveBar(lines) : m_programs->MoveBar(lines);
+            },
+            [this](std::size_t column) { m_programs->SortBy(column); }};
+}
+
+void frmMain::FocusContents(std::size_t tab)
+{
+    m_tabs->SetSelection(tab);
+    if (tab == kEquipmentTab)
+    {
+        m_equipment->FocusGrid();
+    }
+    else if (tab == kNewsTab)
+    {
+        m_news->FocusHeadlines();
+    }
+    else
+    {
+        m_programs->FocusList();
+    }
 }
 
 void frmMain::CreateControls()
@@ -73,6 +101,11 @@ void frmMain::CreateControls()
                       [this](const std::string& link) { ShowLink(link); },
                       [this](const std::string& address) { m_manager.Addresses().Open(address); }});
     tabs->AddPage(m_news, kTabCaptions[2]);
+    for (const EquipmentPage::ColumnGroup& group : EquipmentPage::ColumnGroups())
+    {
+        m_menu.AddToggle(group.caption, m_equipment->IsShown(group),
+                         [this, &group](bool shown) { m_equipment->Show(group, shown); });
+    }
     m_connect = new ConnectPanel(&body, m_manager, [this](UpdateKind kind) { GoToFirst(kind); });
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(tabs, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(6)));

@@ -46,6 +46,8 @@ class frmMain final : public FrameOfClass
     bool ComeForward();
 
   private:
+    [[nodiscard]] MainMenu::Host MenuHost();
+    void FocusContents(std::size_t tab);
     void CreateControls();
     void RestoreState();
     void SelectProgram(const std::string& name);

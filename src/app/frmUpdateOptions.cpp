@@ -75,10 +75,10 @@ void frmUpdateOptions::ShowOptions()
     m_startup[startup_option::kAsk]->Enable(options.canAsk);
     const bool known = options.option >= 0 && options.option <= startup_option::kDoNotCheck;
     // Any other number is told as "No" in the list.
-    wxRadioButton* selected =
-        m_startup[static_cast<std::size_t>(known ? options.option : startup_option::kDoNotCheck)];
-    selected->SetValue(true);
-    selected->SetFocus();
+    m_stored = options.option;
+    m_shown = static_cast<std::size_t>(known ? options.option : startup_option::kDoNotCheck);
+    m_startup[m_shown]->SetValue(true);
+    m_startup[m_shown]->SetFocus();
     m_notify->SetValue(options.notifyOfEquipment);
 }
 
@@ -88,8 +88,9 @@ void frmUpdateOptions::WriteOptions()
     {
         if (m_startup[i]->GetValue())
         {
+            // A number of a later version stays what it is, unless another choice is made.
             WriteStartupOptions(m_settings, m_program, m_notify->GetValue(),
-                                static_cast<std::int32_t>(i));
+                                i == m_shown ? m_stored : static_cast<std::int32_t>(i));
         }
     }
 }

@@ -3,6 +3,7 @@
 #include "ui/Dialog.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 
 class wxCheckBox;
@@ -30,6 +31,8 @@ class frmUpdateOptions final : public Dialog
     std::string m_program;
     std::array<wxRadioButton*, 3> m_startup{}; ///< In the order of the options' values.
     wxCheckBox* m_notify = nullptr;
+    std::int32_t m_stored = 0; ///< The option as it was read.
+    std::size_t m_shown = 0;   ///< The choice that stands for it.
 };
 
 } // namespace velmo

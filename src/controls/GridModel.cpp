@@ -42,6 +42,15 @@ void GridModel::RowsChanged()
     }
 }
 
+void GridModel::Show(std::size_t column, bool shown)
+{
+    if (m_columns.at(column).hidden == shown)
+    {
+        m_columns[column].hidden = !shown;
+        Tell(&Observer::OnColumnsShown);
+    }
+}
+
 void GridModel::CellChanged(std::size_t row, std::size_t column) const
 {
     Tell(&Observer::OnCellChanged, row, column);

@@ -65,6 +65,12 @@ class GridSource
     [[nodiscard]] virtual TickState Tick(std::size_t row, std::size_t column) const = 0;
     [[nodiscard]] virtual GridLook Look(std::size_t row) const = 0;
 
+    /// What more there is to say about a cell than its text; may be empty.
+    [[nodiscard]] virtual std::string Tip(std::size_t /*row*/, std::size_t /*column*/) const
+    {
+        return {};
+    }
+
     /// The neighbours that share their values in the merged columns.
     [[nodiscard]] virtual GridSpan Group(std::size_t row) const = 0;
 };
@@ -97,6 +103,7 @@ class GridModel
         virtual void OnColumnCellsChanged(std::size_t column) = 0; ///< Ticks of many rows.
         virtual void OnPositionChanged() = 0;                      ///< By MoveTo().
         virtual void OnSizeToContents() = 0; ///< Size the columns, then the rows.
+        virtual void OnColumnsShown() = 0;   ///< Others are hidden now.
     };
 
     /// @a source must outlive the model; it is first asked when RowsChanged() is called.
@@ -110,6 +117,9 @@ class GridModel
 
     /// What the window made of a column's width; nobody is told.
     void NoteColumnWidth(std::size_t column, float twips) { m_columns.at(column).width = twips; }
+
+    /// Shows or hides a column.
+    void Show(std::size_t column, bool shown);
 
     // What the source tells.
 

@@ -40,6 +40,12 @@ void ListViewModel::SetColumnMark(std::size_t column, std::optional<SortOrder> m
     }
 }
 
+void ListViewModel::SetHeadersAreButtons(bool buttons)
+{
+    m_headersAreButtons = buttons;
+    Tell(&Observer::OnColumnsChanged);
+}
+
 void ListViewModel::RowsChanged()
 {
     m_rows.resize(m_source.RowCount());

@@ -66,6 +66,10 @@ class ListViewModel
     void SetColumnWidth(std::size_t column, float twips);
     void SetColumnMark(std::size_t column, std::optional<SortOrder> mark);
 
+    /// Whether a click on a header does something, and it looks like that. At first it does.
+    void SetHeadersAreButtons(bool buttons);
+    [[nodiscard]] bool HeadersAreButtons() const { return m_headersAreButtons; }
+
     /// Takes the source's rows anew, keeping the sort, and the selection when its row is still there.
     /// The observer is told of both, since the selected row may read differently.
     void RowsChanged();
@@ -105,6 +109,7 @@ class ListViewModel
     std::string m_selectedKey;       ///< Empty: none.
     SortOrder m_order = SortOrder::Ascending;
     std::size_t m_sortedColumn = 0;
+    bool m_headersAreButtons = true;
     Observer* m_observer = nullptr;
 };
 

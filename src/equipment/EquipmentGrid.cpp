@@ -223,6 +223,23 @@ GridSpan EquipmentGrid::Group(std::size_t row) const
     return SectionOf(m_rows.rows.at(row)).rows;
 }
 
+std::string EquipmentGrid::Tip(std::size_t row, std::size_t column) const
+{
+    const EquipmentRow& content = m_rows.rows.at(row);
+    switch (static_cast<EquipmentColumn>(column))
+    {
+    case EquipmentColumn::DatabaseInstalled:
+    case EquipmentColumn::DatabaseNeedsUpdate:
+        return content.installed.Reason();
+    case EquipmentColumn::PicturesInstalled:
+    case EquipmentColumn::PicturesNeedUpdate:
+        return content.InstallPictures == TickState::None ? "This section has no pictures."
+                                                          : SectionOf(content).pictures.Reason();
+    default:
+        return {};
+    }
+}
+
 bool EquipmentGrid::Toggle(std::size_t row, std::size_t column)
 {
     const TickState now = Tick(row, column);

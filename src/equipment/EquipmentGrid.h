@@ -109,6 +109,7 @@ class EquipmentGrid final : private GridSource
     [[nodiscard]] TickState Tick(std::size_t row, std::size_t column) const override;
     [[nodiscard]] GridLook Look(std::size_t row) const override;
     [[nodiscard]] GridSpan Group(std::size_t row) const override;
+    [[nodiscard]] std::string Tip(std::size_t row, std::size_t column) const override;
 
     [[nodiscard]] const EquipmentSection& SectionOf(const EquipmentRow& row) const;
     [[nodiscard]] bool IsWanted(const EquipmentRow& row, const MarkCommand& command) const;

@@ -42,7 +42,7 @@ class CHorizontalSplitter final : public wxSplitterWindow
 
     /// Least heights that the controls above and below keep, in device-independent pixels.
     int MinimumSplitterBarTopMargin = 40;
-    int MinimumSplitterBarBottomMargin = 60;
+    int MinimumSplitterBarBottomMargin = 90;
 
   private:
     void Put(int position);

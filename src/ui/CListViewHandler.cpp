@@ -32,12 +32,23 @@ void CListViewHandler::MarkSortedColumn(ListViewModel& listView, std::size_t sor
     }
 }
 
+void CListViewHandler::SetHeaderStyle(ListViewModel& listView, bool buttons) const
+{
+    listView.SetHeadersAreButtons(buttons);
+}
+
+void CListViewHandler::ShowSelectedRow(ListViewModel& listView) const
+{
+    listView.ScrollTo(listView.SelectedPosition());
+}
+
 void CListViewHandler::ColumnClick(ListViewModel& listView, std::size_t column) const
 {
     const bool again = listView.SortedColumn() == column;
     const bool descending = again && listView.Order() == SortOrder::Ascending;
     listView.Sort(column, descending ? SortOrder::Descending : SortOrder::Ascending);
     MarkSortedColumn(listView, column);
+    ShowSelectedRow(listView);
 }
 
 void CListViewHandler::SaveSort(const ListViewModel& listView, std::string_view section,

@@ -24,7 +24,14 @@ class CListViewHandler
     /// Shows the arrow of the list view's current sort order in that column's header, and in no other.
     void MarkSortedColumn(ListViewModel& listView, std::size_t sortedColumn) const;
 
-    /// Sorts by the clicked column, ascending; by the same column once more, the other way round.
+    /// The header's style: buttons that can be clicked, or flat texts.
+    void SetHeaderStyle(ListViewModel& listView, bool buttons) const;
+
+    /// Makes the selected row visible, wherever it has come to stand.
+    void ShowSelectedRow(ListViewModel& listView) const;
+
+    /// Sorts by the clicked column, ascending; by the same column once more, the other way round. The
+    /// selected row stays in view.
     void ColumnClick(ListViewModel& listView, std::size_t column) const;
 
     void SaveSort(const ListViewModel& listView, std::string_view section,

@@ -9,6 +9,12 @@
 
 namespace velmo
 {
+namespace
+{
+
+constexpr int kSpareWidth = 8; ///< Device-independent pixels.
+
+} // namespace
 
 Dialog::Dialog(wxWindow* parent, const std::string& title, const wxString& name, long style)
     : wxDialog(parent, wxID_ANY, ToWx(title), wxDefaultPosition, wxDefaultSize, style, name)
@@ -33,6 +39,8 @@ wxButton* Dialog::NewButton(int id, const wxString& name, const std::string& cap
 void Dialog::Wrap(wxStaticText& text, int width)
 {
     text.Wrap(width);
+    // A line that is drawn wider than it was measured would lose its end.
+    text.SetMinSize(text.GetBestSize() + text.FromDIP(wxSize(kSpareWidth, 0)));
 }
 
 void Dialog::Arrange(wxSizer* content, std::initializer_list<wxButton*> left,

@@ -9,6 +9,9 @@ class wxPanel;
 namespace velmo
 {
 
+/// The panels that grow with a frame are painted anew as a whole: some systems leave strips blank.
+inline constexpr long kPanelStyle = wxTAB_TRAVERSAL | wxFULL_REPAINT_ON_RESIZE;
+
 /**
     A hidden frame of a window class of its own, by which other programs and a second start of this one
     look for it; where windows have no classes it is the name of its application. The letter that a

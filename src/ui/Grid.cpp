@@ -1,5 +1,8 @@
 #include "ui/Grid.h"
 
+#include "ui/CellRenderer.h"
+#include "ui/EmptyNote.h"
+#include "ui/GridManners.h"
 #include "ui/GridTable.h"
 #include "ui/Twips.h"
 #include "ui/WxText.h"
@@ -18,6 +21,9 @@ namespace
 constexpr int kTextMargin = 10;
 constexpr int kRowMargin = 6;
 
+/// A row grows to so many lines for texts that a narrow column cuts.
+constexpr int kMostLines = 3;
+
 } // namespace
 
 Grid::Grid(wxWindow* parent, GridModel& model,
@@ -33,16 +39,10 @@ Grid::Grid(wxWindow* parent, GridModel& model,
     SetColLabelSize(wxGRID_AUTOSIZE);
     EnableEditing(false);
     DisableDragRowSize();
-    SetDefaultRowSize(GetCharHeight() + FromDIP(kRowMargin), true);
-    for (std::size_t column = 0; column < model.Columns().size(); ++column)
-    {
-        if (model.Columns()[column].hidden)
-        {
-            HideCol(static_cast<int>(column));
-        }
-    }
+    m_emptyNote = new EmptyNote(*this);
     BindEvents();
     model.Observe(this);
+    OnColumnsShown();
     OnSizeToContents();
 }
 
@@ -63,16 +63,58 @@ void Grid::BindEvents()
         }
     });
     Bind(wxEVT_KEY_DOWN, &Grid::OnKey, this);
-    Bind(wxEVT_GRID_SELECT_CELL, [this](wxGridEvent& event) {
-        event.Skip();
-        CallAfter([this] { NotePosition(); });
-    });
     Bind(wxEVT_GRID_COL_SIZE, [this](wxGridSizeEvent& event) {
         event.Skip();
         const int column = event.GetRowOrCol();
         m_model.NoteColumnWidth(static_cast<std::size_t>(column),
                                 static_cast<float>(TwipsOfPixels(*this, GetColSize(column))));
+        SizeRows();
     });
+    ShowFocus(*this);
+    BindPointer(*GetGridWindow());
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        FreezeFirstColumn();
+    });
+}
+
+/// Without it nobody knows whose the boxes at the right are. Not before there is room for it.
+void Grid::FreezeFirstColumn()
+{
+    if (GetFrozenColGridWindow() == nullptr && FreezeTo(0, 1))
+    {
+        BindPointer(*GetFrozenColGridWindow());
+    }
+}
+
+void Grid::BindPointer(wxWindow& window)
+{
+    window.Bind(wxEVT_MOTION, [this, &window](wxMouseEvent& event) {
+        event.Skip();
+        const wxPoint place = window.GetPosition() + event.GetPosition();
+        wxGridWindow* part = DevicePosToGridWindow(place);
+        const wxGridCellCoords cell =
+            XYToCell(CalcGridWindowUnscrolledPosition(event.GetPosition(), part), part);
+        ShowTip(window,
+                cell == wxGridNoCellCoords ? wxString() : TipAt(cell.GetRow(), cell.GetCol()));
+    });
+}
+
+wxString Grid::TipAt(int row, int column)
+{
+    const auto place = static_cast<std::size_t>(column);
+    const std::string tip = m_model.Rows().Tip(static_cast<std::size_t>(row), place);
+    const wxString text = GetCellValue(row, column);
+    wxClientDC dc(this);
+    dc.SetFont(GetCellFont(row, column));
+    const int room = GetColSize(column) - 2 * CellRenderer::kMargin;
+    const bool isCut = dc.GetTextExtent(text).x > room;
+    return isCut && !tip.empty() ? text + "\n" + ToWx(tip) : isCut ? text : ToWx(tip);
+}
+
+void Grid::SetEmptyText(const wxString& text)
+{
+    m_emptyNote->SetText(text);
 }
 
 void Grid::OnKey(wxKeyEvent& event)
@@ -116,7 +158,12 @@ void Grid::NotePosition()
 
 void Grid::OnRowsChanged()
 {
+    if (m_table->ToldRows() > 0)
+    {
+        NotePosition(); // Of the rows that it still has.
+    }
     m_table->TellRowCount();
+    m_emptyNote->ShowIfEmpty();
     ForceRefresh();
 }
 
@@ -143,7 +190,7 @@ void Grid::OnPositionChanged()
     int xUnit = 1;
     int yUnit = 1;
     GetScrollPixelsPerUnit(&xUnit, &yUnit);
-    Scroll(GetColLeft(static_cast<int>(position.leftColumn)) / xUnit,
+    Scroll((GetColLeft(static_cast<int>(position.leftColumn)) - GetColSize(0)) / xUnit,
            GetRowTop(static_cast<int>(position.topRow)) / yUnit);
 }
 
@@ -160,7 +207,46 @@ void Grid::OnSizeToContents()
         }
     }
     SetColLabelSize(wxGRID_AUTOSIZE);
+    SizeRows();
     EndBatch();
+}
+
+void Grid::OnColumnsShown()
+{
+    for (std::size_t column = 0; column < m_model.Columns().size(); ++column)
+    {
+        const int number = static_cast<int>(column);
+        const bool isHidden = m_model.Columns()[column].hidden;
+        if (isHidden && IsColShown(number))
+        {
+            HideCol(number);
+        }
+        else if (!isHidden && !IsColShown(number))
+        {
+            ShowCol(number);
+            SetColSize(number, WidthFor(column));
+        }
+    }
+    SizeRows();
+}
+
+/// All of them alike: to find the height of each, each would have to be measured.
+void Grid::SizeRows()
+{
+    wxClientDC dc(this);
+    dc.SetFont(GetDefaultCellFont().Bold());
+    int lines = 1;
+    for (std::size_t column = 0; column < m_model.Columns().size(); ++column)
+    {
+        const int room = GetColSize(static_cast<int>(column)) - 2 * CellRenderer::kMargin;
+        if (room > 0)
+        {
+            const wxString longest = ToWx(m_model.LongestText(column));
+            lines = std::max(lines,
+                             static_cast<int>(LinesThatFit(dc, longest, room, kMostLines).size()));
+        }
+    }
+    SetDefaultRowSize(lines * GetCharHeight() + FromDIP(kRowMargin), true);
 }
 
 int Grid::WidthFor(std::size_t column)

@@ -9,13 +9,15 @@
 namespace velmo
 {
 
+class EmptyNote;
 class GridTable;
 
 /**
-    A grid that draws a GridModel: multi-line headers, tick boxes, merged cells, row colours. It keeps
-    no cells of its own, so that many thousand rows cost nothing but their painting. The person's
-    ticks (a click on a box, or the space bar in its cell), cursor and column widths go back to the
-    model.
+    A grid that draws a GridModel: multi-line headers, tick boxes, merged cells, row colours, the first
+    column always in view. It keeps no cells of its own, so that many thousand rows cost nothing but
+    their painting. Text that a narrow column cuts wraps while there is room, then ends in an ellipsis
+    and is told whole in a tip. The person's ticks (a click on a box, or the space bar in its cell),
+    cursor and column widths go back to the model.
  */
 class Grid final : public wxGrid, private GridModel::Observer
 {
@@ -26,14 +28,22 @@ class Grid final : public wxGrid, private GridModel::Observer
          std::function<void(std::size_t row, std::size_t column)> tickClicked);
     ~Grid() override;
 
+    /// What stands in the grid while it has no rows.
+    void SetEmptyText(const wxString& text);
+
   private:
     void OnRowsChanged() override;
     void OnCellChanged(std::size_t row, std::size_t column) override;
     void OnColumnCellsChanged(std::size_t column) override;
     void OnPositionChanged() override;
     void OnSizeToContents() override;
+    void OnColumnsShown() override;
 
     void BindEvents();
+    void BindPointer(wxWindow& window);
+    void FreezeFirstColumn();
+    void SizeRows();
+    [[nodiscard]] wxString TipAt(int row, int column);
     void OnKey(wxKeyEvent& event);
     void ToggleAtCursor();
     void NotePosition();
@@ -42,6 +52,7 @@ class Grid final : public wxGrid, private GridModel::Observer
     GridModel& m_model;
     std::function<void(std::size_t, std::size_t)> m_tickClicked;
     GridTable* m_table = nullptr; ///< Owned by the grid.
+    EmptyNote* m_emptyNote = nullptr;
 };
 
 } // namespace velmo

@@ -1,11 +1,7 @@
 #include "ui/GridTable.h"
 
+#include "ui/CellRenderer.h"
 #include "ui/WxText.h"
-
-#include <wx/dc.h>
-#include <wx/renderer.h>
-
-#include <algorithm>
 
 namespace velmo
 {
@@ -24,33 +20,6 @@ wxColour Unpacked(int colour)
     return {static_cast<unsigned char>(colour >> 16), static_cast<unsigned char>(colour >> 8),
             static_cast<unsigned char>(colour)};
 }
-
-/// Draws a tick box in the middle of its cell.
-class TickRenderer final : public wxGridCellRenderer
-{
-  public:
-    explicit TickRenderer(bool ticked) : m_ticked(ticked) {}
-
-    void Draw(wxGrid& grid, wxGridCellAttr& attr, wxDC& dc, const wxRect& rect, int row, int column,
-              bool isSelected) override
-    {
-        wxGridCellRenderer::Draw(grid, attr, dc, rect, row, column, isSelected);
-        const wxRect box = wxRect(wxRendererNative::Get().GetCheckBoxSize(&grid)).CentreIn(rect);
-        wxRendererNative::Get().DrawCheckBox(&grid, dc, box,
-                                             m_ticked ? static_cast<int>(wxCONTROL_CHECKED) : 0);
-    }
-
-    wxSize GetBestSize(wxGrid& grid, wxGridCellAttr& /*attr*/, wxDC& /*dc*/, int /*row*/,
-                       int /*column*/) override
-    {
-        return wxRendererNative::Get().GetCheckBoxSize(&grid) + wxSize(4, 4);
-    }
-
-    wxGridCellRenderer* Clone() const override { return new TickRenderer(m_ticked); }
-
-  private:
-    bool m_ticked;
-};
 
 } // namespace
 
@@ -128,10 +97,7 @@ wxGridCellAttr* GridTable::MakeAttr(const Look& look) const
     attr->SetFont(bold ? m_bold : m_font);
     attr->SetAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
     attr->SetReadOnly();
-    if (tick != kNoTick)
-    {
-        attr->SetRenderer(new TickRenderer(tick == 1));
-    }
+    attr->SetRenderer(tick == kNoTick ? new CellRenderer : new TickRenderer(tick == 1));
     // A covered cell names the distance to the one that covers it.
     attr->SetSize(place, place > 0 ? 1 : 0);
     return attr;

@@ -23,6 +23,9 @@ class GridTable final : public wxGridTableBase
     /// Tells the grid how many rows there are now.
     void TellRowCount();
 
+    /// How many the grid was told last.
+    [[nodiscard]] int ToldRows() const { return m_toldRows; }
+
     int GetNumberRows() override;
     int GetNumberCols() override;
     wxString GetValue(int row, int column) override;

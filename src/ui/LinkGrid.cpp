@@ -1,6 +1,9 @@
 #include "ui/LinkGrid.h"
 
-#include "ui/LinkColour.h"
+#include "ui/CellRenderer.h"
+#include "ui/EmptyNote.h"
+#include "ui/GridManners.h"
+#include "ui/ReadableColour.h"
 #include "ui/WxText.h"
 
 #include <utility>
@@ -39,6 +42,9 @@ LinkGrid::LinkGrid(wxWindow* parent, const wxString& name, const wxString& heade
     SetDefaultRowSize(GetCharHeight() + FromDIP(8), true);
     SetColLabelSize(GetCharHeight() + FromDIP(10));
     SetSelectionMode(wxGridSelectRows);
+    SetDefaultRenderer(new CellRenderer);
+    ShowFocus(*this);
+    m_emptyNote = new EmptyNote(*this);
 
     // One column fills the grid.
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -74,7 +80,17 @@ void LinkGrid::SetLines(const std::vector<LinkLine>& lines)
         }
         ++row;
     }
+    if (row > 0)
+    {
+        SetGridCursor(0, kText); // In the hidden column nobody would see it.
+    }
+    m_emptyNote->ShowIfEmpty();
     EndBatch();
+}
+
+void LinkGrid::SetEmptyText(const wxString& text)
+{
+    m_emptyNote->SetText(text);
 }
 
 int LinkGrid::HeightOf(int lines) const
@@ -101,7 +117,11 @@ void LinkGrid::OnMouse(wxMouseEvent& event)
 {
     event.Skip();
     const wxPoint place = CalcUnscrolledPosition(event.GetPosition());
-    const std::string link = event.Leaving() ? std::string() : LinkOf(YToRow(place.y));
+    const int row = event.Leaving() ? wxNOT_FOUND : YToRow(place.y);
+    const wxString text = row == wxNOT_FOUND ? wxString() : GetCellValue(row, kText);
+    const bool isCut = GetTextExtent(text).x > GetColSize(kText) - 2 * CellRenderer::kMargin;
+    ShowTip(*GetGridWindow(), isCut ? text : wxString());
+    const std::string link = LinkOf(row);
     if (link != m_linkUnderMouse)
     {
         m_linkUnderMouse = link;

@@ -9,6 +9,8 @@
 namespace velmo
 {
 
+class EmptyNote;
+
 /// A line of a LinkGrid.
 struct LinkLine
 {
@@ -31,6 +33,9 @@ class LinkGrid final : public wxGrid
 
     void SetLines(const std::vector<LinkLine>& lines);
 
+    /// What stands in the list while it has no lines.
+    void SetEmptyText(const wxString& text);
+
     /// Height in pixels at which the header and that many lines are seen.
     [[nodiscard]] int HeightOf(int lines) const;
 
@@ -45,6 +50,7 @@ class LinkGrid final : public wxGrid
     std::function<void(const std::string&)> m_opened;
     std::function<void(const std::string&)> m_pointedAt;
     std::string m_linkUnderMouse;
+    EmptyNote* m_emptyNote = nullptr;
 };
 
 } // namespace velmo

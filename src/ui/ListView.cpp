@@ -45,20 +45,16 @@ ListView::ListView(wxWindow* parent, ListViewModel& model,
     {
         AppendColumn(ToWx(column.title));
     }
-    Bind(wxEVT_LIST_COL_CLICK, [headerClicked](const wxListEvent& event) {
-        if (event.GetColumn() >= 0)
+    Bind(wxEVT_LIST_COL_CLICK, [this, headerClicked](const wxListEvent& event) {
+        if (event.GetColumn() >= 0 && m_model.HeadersAreButtons())
         {
             headerClicked(static_cast<std::size_t>(event.GetColumn()) + 1);
         }
     });
-    Bind(wxEVT_LIST_COL_END_DRAG, [this](wxListEvent& event) {
+    // A divider can be dragged, or clicked twice: not every system tells of both.
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
         event.Skip();
-        CallAfter([this, column = event.GetColumn()] {
-            const Flag showing(m_showing);
-            m_model.SetColumnWidth(
-                static_cast<std::size_t>(column) + 1,
-                static_cast<float>(TwipsOfPixels(*this, GetColumnWidth(column))));
-        });
+        TakeWidths();
     });
     Bind(wxEVT_LIST_ITEM_SELECTED,
          [this](const wxListEvent& event) { TakeSelection(event.GetIndex()); });
@@ -110,43 +106,74 @@ void ListView::OnColumnsChanged()
 
 void ListView::SizeNewColumns()
 {
-    if (m_model.RowCount() == 0)
+    const std::size_t columns = m_model.Columns().size();
+    if (m_model.RowCount() == 0 || columns == 0)
     {
         return;
     }
+    for (std::size_t column = 1; column <= columns; ++column)
+    {
+        if (m_model.Columns()[column - 1].width <= 0)
+        {
+            m_model.SetColumnWidth(column,
+                                   static_cast<float>(TwipsOfPixels(*this, WidthFor(column))));
+        }
+    }
+    m_leastLast = WidthFor(columns);
+}
+
+int ListView::WidthFor(std::size_t column)
+{
     wxClientDC dc(this);
     dc.SetFont(m_boldRow.GetFont());
-    for (std::size_t column = 1; column <= m_model.Columns().size(); ++column)
+    int width =
+        dc.GetTextExtent(ToWx(m_model.Columns()[column - 1].title)).x + FromDIP(kHeaderMargin);
+    for (std::size_t row = 0; row < m_model.RowCount(); ++row)
     {
-        const ListColumn& shown = m_model.Columns()[column - 1];
-        if (shown.width > 0)
-        {
-            continue;
-        }
-        int width = dc.GetTextExtent(ToWx(shown.title)).x + FromDIP(kHeaderMargin);
-        for (std::size_t row = 0; row < m_model.RowCount(); ++row)
-        {
-            const int text = dc.GetTextExtent(ToWx(m_model.Text(row, column))).x;
-            width = std::max(width, text + FromDIP(kCellMargin));
-        }
-        m_model.SetColumnWidth(column, static_cast<float>(TwipsOfPixels(*this, width)));
+        const int text = dc.GetTextExtent(ToWx(m_model.Text(row, column))).x;
+        width = std::max(width, text + FromDIP(kCellMargin));
     }
+    return width;
 }
 
 void ListView::ShowWidths()
 {
-    // The last column reaches to the right edge, so that no row ends in the middle of the control.
+    const Flag showing(m_showing);
+    const std::vector<ListColumn> columns = m_model.Columns();
+    m_shownWidths.resize(columns.size());
     int left = GetClientSize().GetWidth();
-    int index = 0;
-    for (const ListColumn& column : m_model.Columns())
+    for (std::size_t i = 0; i < columns.size(); ++i)
     {
-        int width = PixelsOfTwips(*this, column.width);
-        if (static_cast<std::size_t>(index) + 1 == m_model.Columns().size())
+        int width = PixelsOfTwips(*this, columns[i].width);
+        const bool isKnown = columns[i].width > 0;
+        if (i + 1 == columns.size())
         {
-            width = std::max(width, left);
+            // So that no row ends in the middle of the control. What it grew by, it gives back.
+            width = std::max(m_lastFills ? m_leastLast : width, left);
+            m_lastFills = isKnown && width == left;
         }
-        SetColumnWidth(index++, width);
+        const int column = static_cast<int>(i);
+        SetColumnWidth(column, width);
+        m_shownWidths[i] = GetColumnWidth(column);
         left -= width;
+        if (isKnown && width != PixelsOfTwips(*this, columns[i].width))
+        {
+            m_model.SetColumnWidth(i + 1, static_cast<float>(TwipsOfPixels(*this, width)));
+        }
+    }
+}
+
+void ListView::TakeWidths()
+{
+    const Flag showing(m_showing);
+    for (std::size_t i = 0; i < m_shownWidths.size(); ++i)
+    {
+        const int width = GetColumnWidth(static_cast<int>(i));
+        if (std::exchange(m_shownWidths[i], width) != width)
+        {
+            m_lastFills = false;
+            m_model.SetColumnWidth(i + 1, static_cast<float>(TwipsOfPixels(*this, width)));
+        }
     }
 }
 
@@ -163,6 +190,7 @@ void ListView::ShowMarks()
         }
     }
     ShowSortArrow(*this, marked, ascending);
+    ShowHeaderStyle(*this, m_model.HeadersAreButtons());
 }
 
 void ListView::ShowSelection()

@@ -5,13 +5,15 @@
 #include <wx/listctrl.h>
 
 #include <functional>
+#include <vector>
 
 namespace velmo
 {
 
 /**
     A report list that draws a ListViewModel, in virtual mode: no object per row. The person's
-    selection, column widths and header clicks go back to the model and to the callbacks.
+    selection, column widths and header clicks go back to the model and to the callbacks. The last
+    column reaches to the right edge; its width in the model is the one that is seen.
  */
 class ListView final : public wxListCtrl, private ListViewModel::Observer
 {
@@ -37,11 +39,16 @@ class ListView final : public wxListCtrl, private ListViewModel::Observer
     void ShowMarks();
     void ShowWidths();
     void SizeNewColumns();
+    void TakeWidths();
+    [[nodiscard]] int WidthFor(std::size_t column);
     void TakeSelection(long item);
 
     ListViewModel& m_model;
     std::function<void()> m_selectionChanged;
     mutable wxItemAttr m_boldRow;
+    std::vector<int> m_shownWidths; ///< Pixels, as the program set them.
+    int m_leastLast = 0;            ///< Width that the last column's texts want, in pixels.
+    bool m_lastFills = false;       ///< The last column is as wide as it is to reach the edge.
     bool m_showing = false; ///< The control is being changed by the program, not by the person.
 };
 

@@ -2,6 +2,7 @@
 
 #include "catalogue/CVelmoProgramCommunicator.h"
 #include "catalogue/ProgramCatalogue.h"
+#include "catalogue/ProgramTable.h"
 #include "settings/CINIFileHandler.h"
 #include "updates/StartupOptions.h"
 #include "updates/VersionList.h"
@@ -23,6 +24,11 @@ std::vector<ListColumn> Columns()
         columns.push_back({title, 0, {}});
     }
     return columns;
+}
+
+bool HasInformationPage(std::int32_t index)
+{
+    return !kPrograms[static_cast<std::size_t>(index)].informationPage.empty();
 }
 
 std::optional<std::int32_t> StartupOption(const SettingsSnapshot& settings,
@@ -108,7 +114,7 @@ ProgramButtons ProgramStatusList::Buttons() const
     return {{"Set &Update Options for " + name + "...", row->startupOption.has_value()},
             {(demo ? "&Download Demo for " : "&Download Update for ") + name, true},
             {"&Go to Update Page for " + name, true},
-            {"Go to &Info Page for " + name, true}};
+            {"Go to &Info Page for " + name, HasInformationPage(row->index)}};
 }
 
 } // namespace velmo

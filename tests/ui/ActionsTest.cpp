@@ -131,7 +131,7 @@ TEST_F(ActionsTest, DetailsForSupportAreCopiedAndAMissingLogIsTold)
 {
     WindowUnderTest test;
     Open(test, "");
-    wxMenu& help = *test.window->GetMenuBar()->GetMenu(1);
+    wxMenu& help = *test.window->GetMenuBar()->GetMenu(2);
     Choose(help, "Copy Details");
     wxTextDataObject details;
     {

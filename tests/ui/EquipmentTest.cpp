@@ -22,6 +22,7 @@ constexpr int kInstallDatabase = 2;
 constexpr int kInstallPictures = 4;
 constexpr int kManufacturer = 9;
 constexpr int kFile = 10;
+constexpr int kKind = 17;
 
 constexpr char kList[] =
     "[Birchmere]\r\nMDBSetupFileSize=100\r\nPictureSetupFilename=birchpic.exe\r\n"
@@ -138,6 +139,22 @@ TEST_F(EquipmentTest, ColumnsAreAsWideAsTheirTextsAndRawBytesAreHidden)
         }
     }
     EXPECT_GT(grid.GetColSize(kManufacturer), grid.GetColSize(kSection));
+    wxMenu& view = *m_test.window->GetMenuBar()->GetMenu(1);
+    view.Check(view.FindItem("Kinds of Equipment"), false);
+    Choose(view, "Kinds of Equipment");
+    EXPECT_FALSE(grid.IsColShown(kKind));
+    EXPECT_EQ(m_desktop.Setting("Equipment Grid", "ShowKinds"), "0 'False");
+}
+
+TEST_F(EquipmentTest, ANarrowColumnMakesTheRowsTallerForItsTexts)
+{
+    Show(kList);
+    Grid& grid = Equipment();
+    const int before = grid.GetDefaultRowSize();
+    grid.SetColSize(kManufacturer, grid.GetColSize(kManufacturer) / 2);
+    wxGridSizeEvent resized(grid.GetId(), wxEVT_GRID_COL_SIZE, &grid, kManufacturer);
+    grid.ProcessWindowEvent(resized);
+    EXPECT_GT(grid.GetRowSize(1), before + grid.GetCharHeight() - 1);
 }
 
 TEST_F(EquipmentTest, SectionsHaveTheirColoursAndSharedValuesStandOnce)
@@ -179,13 +196,16 @@ TEST_F(EquipmentTest, ARefreshLeavesThePersonWhereTheyWere)
     Show(list);
     Grid& grid = Equipment();
     ASSERT_EQ(grid.GetNumberRows(), 200);
-    grid.GoToCell(150, kFile);
+    Click(grid, 1, kFile);
     m_test.loop.Yield();
-    const int top = grid.GetFirstFullyVisibleRow();
-    ASSERT_GT(top, 50);
+    // Without a click there, as a mouse wheel does it.
+    grid.Scroll(wxDefaultCoord, 100);
+    const wxPoint place = grid.GetViewStart();
+    ASSERT_GT(place.y, 50);
     m_test.manager.FetchLists();
-    EXPECT_EQ(grid.GetFirstFullyVisibleRow(), top);
-    EXPECT_EQ(grid.GetGridCursorRow(), 150);
+    EXPECT_NEAR(grid.GetViewStart().y, place.y, 1);
+    EXPECT_EQ(grid.GetViewStart().x, place.x);
+    EXPECT_EQ(grid.GetGridCursorRow(), 1);
 }
 
 } // namespace

@@ -50,6 +50,13 @@ TEST_F(MainWindowTest, BearsItsCaptionItsTabsItsMenusAndItsColumns)
         menus += bar.GetMenuLabel(menu).utf8_string() + "\n" + EntriesOf(*bar.GetMenu(menu));
     }
     EXPECT_EQ(menus, "&File\nE&xit\tAlt+F4\n"
+                     "&View\n&Programs\tCtrl+1\nHVAC &Equipment Databases\tCtrl+2\n"
+                     "&Latest News\tCtrl+3\n&Next Tab\tCtrl+PgDn\nPre&vious Tab\tCtrl+PgUp\n-\n"
+                     "&Select a Program\tAlt+S\n&Tick Databases and Pictures\tAlt+T\n"
+                     "Read Hea&dlines\tAlt+N\nS&ort Programs By\n"
+                     "Move Bar &Up\tCtrl+Shift+Up\n&Move Bar Down\tCtrl+Shift+Down\n-\n"
+                     "&Refresh Lists\tF5\n&Cancel\tEsc\n-\n"
+                     "Names of Se&tup Files\n&Kinds of Equipment\n"
                      "&Help\nOpen &Log File\nCopy &Details\n-\n&About Update Manager...\n");
     std::string columns;
     const auto& list = test.Find<ListView>("lvwMain");
@@ -120,7 +127,7 @@ TEST_F(MainWindowTest, TheTimerWaitsForAnOpenWindowToBeClosed)
         EXPECT_FALSE(test.window->Close()) << "nor does the window close";
         Press(about, "cmdOK");
     });
-    Choose(*test.window->GetMenuBar()->GetMenu(1), "About Update Manager...");
+    Choose(*test.window->GetMenuBar()->GetMenu(2), "About Update Manager...");
     test.loop.Fire(kOpeningTimer);
     EXPECT_EQ(m_desktop.Fetches(), 1);
     EXPECT_TRUE(test.window->Close());
@@ -220,7 +227,7 @@ TEST_F(MainWindowTest, ABarThatAPersonPutComesBackAfterASmallWindow)
     auto& splitter = test.Find<CHorizontalSplitter>("fraSplitterProgram");
     test.WaitFor("the layout", [&] { return splitter.GetClientSize().y > 400; });
     wxSplitterEvent drag(wxEVT_SPLITTER_SASH_POS_CHANGING, &splitter);
-    const int place = splitter.GetClientSize().y - 100;
+    const int place = splitter.GetClientSize().y - 150;
     drag.SetSashPosition(place);
     splitter.ProcessWindowEvent(drag);
     splitter.RefreshBar();

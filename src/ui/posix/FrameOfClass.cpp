@@ -13,7 +13,7 @@ void FrameOfClass::CreateOfClass(std::string_view /*windowClass*/, const wxStrin
 
 wxPanel* FrameOfClass::NewBody()
 {
-    return new wxPanel(this, wxID_ANY);
+    return new wxPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, kPanelStyle);
 }
 
 } // namespace velmo

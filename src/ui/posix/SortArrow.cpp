@@ -17,4 +17,6 @@ void ShowSortArrow(wxListCtrl& list, int column, bool ascending)
     }
 }
 
+void ShowHeaderStyle(wxListCtrl& /*list*/, bool /*buttons*/) {}
+
 } // namespace velmo

@@ -64,7 +64,7 @@ void FrameOfClass::CreateOfClass(std::string_view windowClass, const wxString& c
 
 wxPanel* FrameOfClass::NewBody()
 {
-    return new MnemonicPanel(this, wxID_ANY);
+    return new MnemonicPanel(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, kPanelStyle);
 }
 
 } // namespace velmo

@@ -24,4 +24,15 @@ void ShowSortArrow(wxListCtrl& list, int column, bool ascending)
     }
 }
 
+void ShowHeaderStyle(wxListCtrl& list, bool buttons)
+{
+    HWND header = ListView_GetHeader(static_cast<HWND>(list.GetHWND()));
+    const LONG_PTR style = GetWindowLongPtr(header, GWL_STYLE);
+    const LONG_PTR wanted = buttons ? style | HDS_BUTTONS : style & ~LONG_PTR{HDS_BUTTONS};
+    if (wanted != style)
+    {
+        SetWindowLongPtr(header, GWL_STYLE, wanted);
+    }
+}
+
 } // namespace velmo

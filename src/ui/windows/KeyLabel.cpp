@@ -1,0 +1,8 @@
+#include "ui/KeyLabel.h"
+
+namespace velmo
+{
+
+void LeaveKeyToMenu(wxStaticText& /*label*/) {}
+
+} // namespace velmo
