@@ -273,6 +273,7 @@ class GridModelTest : public testing::Test, public GridSource, public GridModel:
     void OnColumnCellsChanged(std::size_t /*column*/) override {}
     void OnPositionChanged() override { m_heard.push_back("position"); }
     void OnSizeToContents() override { m_heard.push_back("size"); }
+    void OnColumnsShown() override { m_heard.push_back("columns"); }
 
     void Show(std::vector<Row> rows)
     {
