@@ -78,7 +78,7 @@ TEST_F(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
     test.window->Open("  Loadcalc 8 ");
     EXPECT_TRUE(test.window->IsShown());
     EXPECT_EQ(test.manager.Programs().Selected()->Name(), "Loadcalc 8");
-    const auto& stats = test.Find<wxStaticText>("lblStats");
+    auto& stats = test.Find<wxStaticText>("lblStats");
     EXPECT_EQ(stats.GetLabel(), "Need to Update:  Programs: 0, Databases: 0, Pictures: 0");
     EXPECT_EQ(stats.GetFont().GetWeight(), wxFONTWEIGHT_NORMAL);
     ASSERT_EQ(test.loop.Waiting(kOpeningTimer), 1U);
@@ -100,9 +100,9 @@ TEST_F(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
     auto& list = test.Find<ListView>("lvwMain");
     EXPECT_EQ(list.GetItemCount(), 33);
     EXPECT_EQ(list.GetItemText(4, 3), "8.02.16");
-    wxListEvent click(wxEVT_LIST_COL_CLICK, list.GetId());
-    click.m_col = 0;
-    list.GetEventHandler()->ProcessEvent(click);
+    wxListEvent header(wxEVT_LIST_COL_CLICK, list.GetId());
+    header.m_col = 0;
+    list.GetEventHandler()->ProcessEvent(header);
     EXPECT_EQ(list.GetItemText(0, 0), "Airflow 3") << "no longer in the vendor's own order";
     ASSERT_EQ(test.prompts.notices.size(), 1U);
     EXPECT_EQ(test.prompts.notices[0].title, "Need to Update") << "of the program that was named";
@@ -112,7 +112,7 @@ TEST_F(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
     test.manager.Programs().List().SelectAt(0);
     wxMouseEvent click(wxEVT_LEFT_DOWN);
     click.SetX(stats.GetSize().x);
-    test.Find<wxStaticText>("lblStats").ProcessWindowEvent(click);
+    stats.ProcessWindowEvent(click);
     EXPECT_EQ(tabs.GetSelection(), 0) << "no pictures need an update, a program does";
     EXPECT_EQ(test.manager.Programs().Selected()->Name(), "Loadcalc 8");
 }

@@ -202,7 +202,7 @@ TEST_F(StartupOptionsTest, AProgramThatNeverAllowedAskingKeepsItsEarlierChoice)
     {
         SCOPED_TRACE(entries);
         WriteSettings(std::string("[Wiring 2]\r\n") + entries + "\r\n");
-        const StartupOptions options = ReadStartupOptions(m_settings, "Wiring 2");
+        const StartupOptions options = ReadStartupOptions(m_settings.Snapshot(), "Wiring 2");
         EXPECT_EQ(options.option, option);
         EXPECT_EQ(StartupOptionText(options.option), text);
         EXPECT_EQ(options.canAsk, canAsk);
