@@ -9,7 +9,7 @@ set -euo pipefail
 
 declare -A packages=(
     [build]="g++ cmake ninja-build ccache git pkg-config googletest
-             libwxgtk3.2-dev libwxgtk-webview3.2-dev libcurl4-openssl-dev
+             libwxgtk3.2-dev libwxgtk-webview3.2-dev libgtk-3-dev libcurl4-openssl-dev
              libcli11-dev libutfcpp-dev nlohmann-json3-dev libcpp-httplib-dev libsodium-dev"
     # The run-time libraries that g++ brings along; named, so that a slimmed machine is put right.
     [sanitize]="libasan8 libubsan1"

@@ -1,6 +1,7 @@
 #include "app/ConnectPanel.h"
 
 #include "manager/UpdateManager.h"
+#include "ui/Accessible.h"
 #include "ui/FrameOfClass.h"
 #include "ui/WxText.h"
 
@@ -27,6 +28,7 @@ ConnectPanel::ConnectPanel(wxWindow* parent, UpdateManager& manager,
     m_status = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxTE_MULTILINE | wxTE_READONLY);
     m_status->SetName("txtStatus");
+    NameForReaders(*m_status, AccessibleRole::AsItIs, "Internet Connection Status Messages");
     m_status->SetToolTip("Internet Connection Status Messages");
     m_status->SetMinSize(
         wxSize(FromDIP(200), kStatusLines * m_status->GetCharHeight() + FromDIP(12)));

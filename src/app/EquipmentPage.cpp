@@ -7,6 +7,7 @@
 #include "equipment/EquipmentList.h"
 #include "install/InstallFlow.h"
 #include "manager/UpdateManager.h"
+#include "ui/Accessible.h"
 #include "ui/FrameOfClass.h"
 #include "ui/Grid.h"
 #include "ui/KeyLabel.h"
@@ -52,6 +53,7 @@ EquipmentPage::EquipmentPage(wxWindow* parent, UpdateManager& manager, UserPromp
         equipment.Toggle(row, column);
     });
     m_grid->SetName("flxEquipment");
+    NameForReaders(*m_grid, AccessibleRole::Table, "HVAC Equipment Databases");
     m_markClear = new wxButton(this, wxID_ANY, "&Mark/Clear >");
     m_markClear->SetName("cmdMarkClear");
     m_install = new wxButton(this, wxID_ANY, "&Install...");

@@ -5,6 +5,7 @@
 #include "catalogue/ProgramCatalogue.h"
 #include "manager/UpdateManager.h"
 #include "platform/MessageLoop.h"
+#include "ui/Accessible.h"
 #include "ui/BrowserPane.h"
 #include "ui/CHorizontalSplitter.h"
 #include "ui/CListViewHandler.h"
@@ -57,6 +58,7 @@ ProgramsPage::ProgramsPage(wxWindow* parent, UpdateManager& manager, UpdateWindo
     m_list = new ListView(m_splitter, manager.Programs().List(),
                           [this](std::size_t column) { SortBy(column); });
     m_list->SetName("lvwMain");
+    NameForReaders(*m_list, AccessibleRole::List, "Programs");
     m_list->OnSelection([this] { ShowSelectedProgram(); });
     m_browser =
         new BrowserPane(m_splitter, "webMain", kEmptyPage, [&manager](const std::string& address) {

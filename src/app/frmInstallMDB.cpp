@@ -1,5 +1,6 @@
 #include "app/frmInstallMDB.h"
 
+#include "ui/Accessible.h"
 #include "ui/ProgressPicture.h"
 #include "ui/WxText.h"
 
@@ -59,9 +60,10 @@ void frmInstallMDB::CreateControls()
     m_status = new wxTextCtrl(this, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                               wxTE_MULTILINE | wxTE_READONLY);
     m_status->SetName("txtStatus");
+    NameForReaders(*m_status, AccessibleRole::AsItIs, "Installation messages");
     m_status->SetMinSize(wxSize(width, kStatusLines * m_status->GetCharHeight()));
-    m_current = new ProgressPicture(this, "picCurrent");
-    m_overall = new ProgressPicture(this, "picOverall");
+    m_current = new ProgressPicture(this, "picCurrent", "Current file");
+    m_overall = new ProgressPicture(this, "picOverall", "All files");
     m_start = NewButton(wxID_ANY, "cmdStart", "&Start");
     m_start->SetDefault();
     // Escape presses it.

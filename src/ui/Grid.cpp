@@ -1,5 +1,6 @@
 #include "ui/Grid.h"
 
+#include "ui/Accessible.h"
 #include "ui/CellRenderer.h"
 #include "ui/EmptyNote.h"
 #include "ui/GridManners.h"
@@ -69,6 +70,10 @@ void Grid::BindEvents()
         m_model.NoteColumnWidth(static_cast<std::size_t>(column),
                                 static_cast<float>(TwipsOfPixels(*this, GetColSize(column))));
         SizeRows();
+    });
+    Bind(wxEVT_GRID_SELECT_CELL, [this](wxGridEvent& event) {
+        event.Skip();
+        TellCell(event.GetRow(), event.GetCol());
     });
     ShowFocus(*this);
     BindPointer(*GetGridWindow());
@@ -167,8 +172,21 @@ void Grid::OnRowsChanged()
     ForceRefresh();
 }
 
+void Grid::TellCell(int row, int column)
+{
+    wxString header = m_table->GetColLabelValue(column);
+    header.Replace("\n", " ");
+    const TickState tick =
+        m_model.Rows().Tick(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
+    const wxString content = tick == TickState::Ticked     ? wxString("ticked")
+                             : tick == TickState::Unticked ? wxString("not ticked")
+                                                           : GetCellValue(row, column);
+    TellReaders(*this, GetCellValue(row, 0) + ", " + header + ": " + content);
+}
+
 void Grid::OnCellChanged(std::size_t row, std::size_t column)
 {
+    TellCell(static_cast<int>(row), static_cast<int>(column));
     RefreshBlock(static_cast<int>(row), static_cast<int>(column), static_cast<int>(row),
                  static_cast<int>(column));
 }

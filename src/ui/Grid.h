@@ -47,6 +47,7 @@ class Grid final : public wxGrid, private GridModel::Observer
     void OnKey(wxKeyEvent& event);
     void ToggleAtCursor();
     void NotePosition();
+    void TellCell(int row, int column);
     [[nodiscard]] int WidthFor(std::size_t column);
 
     GridModel& m_model;

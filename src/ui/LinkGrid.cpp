@@ -1,5 +1,6 @@
 #include "ui/LinkGrid.h"
 
+#include "ui/Accessible.h"
 #include "ui/CellRenderer.h"
 #include "ui/EmptyNote.h"
 #include "ui/GridManners.h"
@@ -28,6 +29,11 @@ LinkGrid::LinkGrid(wxWindow* parent, const wxString& name, const wxString& heade
     : wxGrid(parent, wxID_ANY), m_opened(std::move(opened)), m_pointedAt(std::move(pointedAt))
 {
     SetName(name);
+    NameForReaders(*this, AccessibleRole::Table, header);
+    Bind(wxEVT_GRID_SELECT_CELL, [this](wxGridEvent& event) {
+        event.Skip();
+        TellReaders(*this, GetCellValue(event.GetRow(), kText));
+    });
     SetDefaultCellFont(GetFont());
     CreateGrid(0, kColumns, wxGridSelectRows);
     SetColLabelValue(kText, header);

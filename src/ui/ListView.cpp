@@ -1,5 +1,6 @@
 #include "ui/ListView.h"
 
+#include "ui/Accessible.h"
 #include "ui/SortArrow.h"
 #include "ui/Twips.h"
 #include "ui/WxText.h"
@@ -202,6 +203,16 @@ void ListView::ShowSelection()
     if (current >= 0 && current != target)
     {
         SetItemState(current, 0, wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED);
+    }
+    if (target >= 0)
+    {
+        wxString row;
+        for (std::size_t column = 1; column <= m_model.Columns().size(); ++column)
+        {
+            row += ToWx(m_model.Columns()[column - 1].title + ": " +
+                        m_model.Text(*selected, column) + ". ");
+        }
+        TellReaders(*this, row);
     }
     if (target >= 0 && current != target)
     {

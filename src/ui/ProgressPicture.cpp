@@ -1,5 +1,7 @@
 #include "ui/ProgressPicture.h"
 
+#include "ui/Accessible.h"
+
 #include <wx/dcbuffer.h>
 
 #include <algorithm>
@@ -19,10 +21,11 @@ const wxColour kFrame(130, 130, 130);
 
 } // namespace
 
-ProgressPicture::ProgressPicture(wxWindow* parent, const wxString& name)
+ProgressPicture::ProgressPicture(wxWindow* parent, const wxString& name, const wxString& forReaders)
     : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxFULL_REPAINT_ON_RESIZE)
 {
     SetName(name);
+    NameForReaders(*this, AccessibleRole::ProgressBar, forReaders);
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     SetMinSize(FromDIP(wxSize(kLeastWidth, kHeight)));
     Bind(wxEVT_PAINT, &ProgressPicture::OnPaint, this);
@@ -32,6 +35,7 @@ void ProgressPicture::Set(double filled, const wxString& text)
 {
     m_filled = std::clamp(filled, 0.0, 1.0);
     m_text = text;
+    TellReaders(*this, text);
     Refresh();
 }
 

@@ -9,7 +9,8 @@ namespace velmo
 class ProgressPicture final : public wxWindow
 {
   public:
-    ProgressPicture(wxWindow* parent, const wxString& name);
+    /// @a forReaders is its name for screen readers.
+    ProgressPicture(wxWindow* parent, const wxString& name, const wxString& forReaders);
 
     /// @a filled is the filled part of the width, 0 to 1.
     void Set(double filled, const wxString& text);
