@@ -135,8 +135,9 @@ void BrowserPane::CreateEngine()
     m_engine->Bind(wxEVT_WEBVIEW_NAVIGATING, &BrowserPane::OnNavigating, this);
     m_engine->Bind(wxEVT_WEBVIEW_NEWWINDOW,
                    [this](const wxWebViewEvent& event) { m_openOutside(FromWx(event.GetURL())); });
-    m_engine->Bind(wxEVT_WEBVIEW_LOADED, [this](const wxWebViewEvent&) {
-        m_loading = false;
+    m_engine->Bind(wxEVT_WEBVIEW_LOADED, [this](const wxWebViewEvent& event) {
+        // The blank page that an engine begins with may come while the first page is loaded.
+        m_loading = m_loading && event.GetURL() == wxWebViewDefaultURLStr;
         ShowBarState();
     });
     m_engine->Bind(wxEVT_WEBVIEW_ERROR, [this](const wxWebViewEvent& event) {
@@ -156,8 +157,11 @@ void BrowserPane::OnNavigating(wxWebViewEvent& event)
         CallAfter([this, address] { m_openOutside(address); });
         return;
     }
-    m_followed += m_loading ? 0 : 1;
-    m_loading = true;
+    if (address != wxWebViewDefaultURLStr)
+    {
+        m_followed += m_loading ? 0 : 1;
+        m_loading = true;
+    }
 }
 
 bool BrowserPane::StaysInside(const std::string& address) const

@@ -274,8 +274,9 @@ int Grid::WidthFor(std::size_t column)
     int width = dc.GetMultiLineTextExtent(m_table->GetColLabelValue(static_cast<int>(column))).x;
     // Bold, since any row may become so.
     dc.SetFont(GetDefaultCellFont().Bold());
-    width = std::max(width, dc.GetTextExtent(ToWx(m_model.LongestText(column))).x);
-    return width + FromDIP(kTextMargin);
+    // The text with the most characters need not be the widest.
+    const int longest = dc.GetTextExtent(ToWx(m_model.LongestText(column))).x;
+    return std::max(width, longest + longest / 8) + FromDIP(kTextMargin);
 }
 
 } // namespace velmo

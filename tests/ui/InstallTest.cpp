@@ -115,6 +115,7 @@ TEST_F(InstallTest, EscapeDuringADownloadStartsNoSetupAndClosesOnceThatHasEnded)
             },
             [&] {
                 EXPECT_FALSE(Find<wxButton>(dialog, "cmdStart").IsEnabled());
+                EXPECT_TRUE(Find<wxButton>(dialog, "cmdCancel").HasFocus()) << "keys arrive";
                 EXPECT_EQ(Find<ProgressPicture>(dialog, "picCurrent").Text(),
                           "2 Bytes of 7.6 MB (0%)");
                 EXPECT_EQ(Find<ProgressPicture>(dialog, "picOverall").Text(),

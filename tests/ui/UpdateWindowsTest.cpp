@@ -77,6 +77,12 @@ TEST_F(UpdateWindowsTest, OptionsAreWrittenByOkAndByNothingElse)
     });
     EXPECT_EQ(m_desktop.Setting(kProgram, "CheckForUpdateOnStartupOption"), "2");
     EXPECT_EQ(m_desktop.Setting(kProgram, "NotifyOfHVACEquipmentUpdateOnStartup"), "0 'False");
+    m_desktop.WriteSettings("[Loadcalc 8]\r\nCheckForUpdateOnStartupOption=7\r\n");
+    SetOptions([](wxWindow& window) {
+        EXPECT_TRUE(Find<wxRadioButton>(window, "optStartup2").GetValue());
+        Press(window, "cmdOK");
+    });
+    EXPECT_EQ(m_desktop.Setting(kProgram, "CheckForUpdateOnStartupOption"), "7") << "left alone";
 }
 
 TEST_F(UpdateWindowsTest, AProgramThatAllowsAskingOffersThatChoiceAndTheListShowsIt)
