@@ -154,7 +154,10 @@ void ListView::ShowWidths()
             m_lastFills = isKnown && width == left;
         }
         const int column = static_cast<int>(i);
-        SetColumnWidth(column, width);
+        if (GetColumnWidth(column) != width)
+        {
+            SetColumnWidth(column, width);
+        }
         m_shownWidths[i] = GetColumnWidth(column);
         left -= width;
         if (isKnown && width != PixelsOfTwips(*this, columns[i].width))
@@ -167,14 +170,21 @@ void ListView::ShowWidths()
 void ListView::TakeWidths()
 {
     const Flag showing(m_showing);
+    bool isChanged = false;
     for (std::size_t i = 0; i < m_shownWidths.size(); ++i)
     {
         const int width = GetColumnWidth(static_cast<int>(i));
         if (std::exchange(m_shownWidths[i], width) != width)
         {
-            m_lastFills = false;
+            isChanged = true;
+            m_lastFills = m_lastFills && i + 1 < m_shownWidths.size();
             m_model.SetColumnWidth(i + 1, static_cast<float>(TwipsOfPixels(*this, width)));
         }
+    }
+    if (isChanged)
+    {
+        ShowWidths();
+        Refresh(); // A click on a divider need not paint the headers.
     }
 }
 
