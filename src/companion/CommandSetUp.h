@@ -62,4 +62,7 @@ struct Program
 /// "verify FILE --key KEY": a file of signed lists.
 [[nodiscard]] Action SetUpVerify(CLI::App& command);
 
+/// "lint SITE": what clients would stumble over.
+[[nodiscard]] Action SetUpLint(CLI::App& command);
+
 } // namespace velmo::companion

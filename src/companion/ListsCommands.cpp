@@ -16,6 +16,10 @@ constexpr std::array kCommands{
             "Check a file of signed lists as a desktop would, and the files of a folder against "
             "it. Exit code 0: all is well, 4: something is not.",
             SetUpVerify},
+    Command{"lint",
+            "Tell what the update managers would stumble over in the two lists of a folder, as "
+            "file:line: text. Exit codes as for verify.",
+            SetUpLint},
 };
 
 } // namespace

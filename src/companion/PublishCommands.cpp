@@ -1,4 +1,5 @@
 #include "companion/CommandSetUp.h"
+#include "companion/JsonText.h"
 #include "companion/SiteFolder.h"
 #include "platform/MFile.h"
 #include "text/TextLine.h"
@@ -144,7 +145,7 @@ void PrintVerdict(const ListsDecision& decision, const std::vector<std::string>&
             verdict["files"] = decision.lists->files.size();
         }
         verdict["faults"] = faults;
-        out << verdict.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+        out << JsonText(verdict);
         return;
     }
     out << decision.Mark() << "\n" << decision.reason << (decision.reason.empty() ? "" : "\n");

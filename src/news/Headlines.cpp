@@ -10,8 +10,6 @@ namespace velmo
 namespace
 {
 
-constexpr std::string_view kSection = "News Headlines";
-
 Headline FromLine(std::string_view line, std::string_view newsPage, DiagnosticLog& log)
 {
     const std::size_t bar = line.find('|');
@@ -34,7 +32,7 @@ Headline FromLine(std::string_view line, std::string_view newsPage, DiagnosticLo
 std::vector<Headline> ReadHeadlines(const SettingsSnapshot& versionList, std::string_view newsPage,
                                     DiagnosticLog& log)
 {
-    const std::string block = versionList.Section(kSection);
+    const std::string block = versionList.Section(kHeadlinesSection);
     std::vector<Headline> headlines;
     std::string_view rest = block;
     for (std::size_t line = 0; line < kMostHeadlines && !rest.empty(); ++line)

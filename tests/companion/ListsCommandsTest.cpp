@@ -1,11 +1,13 @@
 #include "companion/Commands.h"
 
+#include "catalogue/ProgramTable.h"
 #include "tests/support/TemporaryDesktop.h"
 #include "tests/trust/ListSigner.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <sstream>
@@ -139,6 +141,139 @@ TEST_F(ListsCommandsTest, TheTextGoesIntoAFileWhereOneIsNamed)
     EXPECT_EQ(Do({"make", Native("site"), "--serial", "7", "--output", file}), 0) << m_errors;
     EXPECT_EQ(m_output, "");
     EXPECT_THAT(m_desktop.Read("lists.txt"), HasSubstr("\nSerial=7\n"));
+}
+
+/// A vendor's folder without a fault in it.
+class LintTest : public ListsCommandsTest
+{
+  protected:
+    LintTest()
+    {
+        for (const ProgramEntry& program : kPrograms)
+        {
+            std::string name(program.demoSetup.substr(1));
+            std::ranges::replace(name, '/', '\\');
+            Write(name, "demo");
+        }
+        Write("pub\\mervala\\mdb\\merlin.exe", "merlin");
+        Write("pub\\mervala\\pic\\birds.exe", "birds");
+    }
+
+    /// The faults of a list after the other's, without the file's path: "3: text".
+    std::vector<std::string> Faults(const std::string& versions, const std::string& equipment)
+    {
+        Write("pub\\demo\\version.ini", versions);
+        Write("pub\\demo\\manufver.ini", equipment);
+        const int exitCode = Do({"lint", Native("site")});
+        std::vector<std::string> faults;
+        std::istringstream lines(m_output);
+        for (std::string line; std::getline(lines, line);)
+        {
+            faults.push_back(line.substr(line.find(".ini:") + 5));
+        }
+        EXPECT_EQ(exitCode, faults.empty() ? 0 : 4) << m_errors;
+        return faults;
+    }
+};
+
+const std::string kGoodVersions = "; of today\n[Loadcalc 8]\nMajor=8\nMinor=3\nRevision=-1\n"
+                                  "[News Headlines]\nA [new] one|http://news.example/\n";
+const std::string kGoodEquipment = "[Merlin]\n1MDBFilename=merlin.mdb\n1ReleaseDate=3/15/2004\n"
+                                   "MDBSetupFileSize=6\n";
+
+TEST_F(LintTest, EachFaultOfTheVersionListIsToldWithItsLine)
+{
+    const std::string headline = "More|/more.htm\n";
+    std::string headlines;
+    for (int i = 0; i < 20; ++i)
+    {
+        headlines += headline;
+    }
+    const std::tuple<std::string, std::vector<std::string>> rows[] = {
+        {kGoodVersions, {}},
+        {kGoodVersions + "No link\n", {"8: The headline has no link: it cannot be clicked"}},
+        {kGoodVersions + "No link|file:///x\n",
+         {"8: The headline has no link: it cannot be clicked"}},
+        {kGoodVersions + headlines, {"27: Only the 20 headlines before this one are shown"}},
+        {"[Loadcalk 8]\n", {"1: [Loadcalk 8] is no product's name"}},
+        {kGoodVersions + "[LOADCALC 8]\n",
+         {"8: [LOADCALC 8] stands in line 2 already: this one does not count"}},
+        {"[Airflow 3]\nMajor=3\nminor=1\nMinor=2\n",
+         {"4: Minor stands in line 3 already: this one does not count"}},
+        {"[Airflow 3]\nMajor=three\nMinor=9999999999\nRevision=1.5\n",
+         {"2: Major is no whole number: three", "3: Minor is no whole number: 9999999999",
+          "4: Revision is no whole number: 1.5"}},
+        {"[Airflow 3]\nDemo URL=C:\\x.exe\n", {"2: Demo URL is no web address: C:\\x.exe"}},
+        {"Major=3\n[Airflow 3]\nMajor\n",
+         {"1: The line stands in no section", "3: The line is neither a section nor a value"}},
+        {"[Airflow 3]\n;" + std::string(1024, 'x'),
+         {"2: The line has more than 1,024 characters: it is left out"}},
+    };
+    for (const auto& [versions, faults] : rows)
+    {
+        SCOPED_TRACE(versions);
+        EXPECT_EQ(Faults(versions, kGoodEquipment), faults);
+    }
+}
+
+TEST_F(LintTest, EachFaultOfTheManufacturerListIsToldWithItsLine)
+{
+    const std::tuple<std::string, std::vector<std::string>> rows[] = {
+        {kGoodEquipment + "2MDBFilename=b.mdb\n4MDBFilename=d.mdb\n5MDBFilename=e.mdb\n",
+         {"6: There is no 3MDBFilename: clients look at none from there on"}},
+        {kGoodEquipment + "2MDBFilename=\n3MDBFilename=c.mdb\n",
+         {"6: There is no 2MDBFilename: clients look at none from there on"}},
+        {kGoodEquipment + "2MDBFilename=..\\b.mdb\n2ReleaseDate=soon\n",
+         {"5: 2MDBFilename is a file name that clients refuse: ..\\b.mdb",
+          "6: 2ReleaseDate is no date: soon"}},
+        {kGoodEquipment + "1MDBFILENAME=x.mdb\n",
+         {"5: 1MDBFILENAME stands in line 2 already: this one does not count"}},
+        {"[Merlin]\n1MDBFilename=m.mdb\nMDBSetupFileSize=7\n",
+         {"3: MDBSetupFileSize is not the size of /pub/mervala/mdb/merlin.exe, 6 bytes"}},
+        {"[Osprey]\n1MDBFilename=o.mdb\n",
+         {"1: The setup /pub/mervala/mdb/osprey.exe is not there"}},
+        {"[Con]\n1MDBFilename=o.mdb\n",
+         {"1: The section's setup has a file name that clients refuse: con.exe",
+          "1: The setup /pub/mervala/mdb/con.exe is not there"}},
+        {"[Manufver General]\nServer Address HTTP=server\n",
+         {"2: Server Address HTTP is no web address: server"}},
+        {kGoodEquipment + "PictureSetupFilename=Birds.exe\nPictureSetupFileSize=5\n"
+                          "DatePicturesModified=1/2\nDateCheckerPictureFile=a/b.gif\n",
+         {"7: DatePicturesModified is no date: 1/2",
+          "8: DateCheckerPictureFile is a file name that clients refuse: a/b.gif"}},
+        {kGoodEquipment + "PictureSetupFilename=fish.exe\nPictureSetupFileSize=five\n",
+         {"1: The setup /pub/mervala/pic/fish.exe is not there",
+          "6: PictureSetupFileSize is no whole number: five"}},
+    };
+    for (const auto& [equipment, faults] : rows)
+    {
+        SCOPED_TRACE(equipment);
+        EXPECT_EQ(Faults(kGoodVersions, equipment), faults);
+    }
+}
+
+TEST_F(LintTest, SetupsOfProgramsHaveToBeThereUnlessTheListNamesAnotherPlace)
+{
+    Remove("pub\\demo\\aflow30.exe");
+    Remove("pub\\demo\\panel50.exe"); // of a program that is never shown
+    Remove("pub\\chlsz40.exe");       // on a server of its own
+    const std::string missing = "The setup /pub/demo/aflow30.exe is not there";
+    EXPECT_EQ(Faults(kGoodVersions, kGoodEquipment), std::vector{"1: " + missing});
+    EXPECT_EQ(Faults(kGoodVersions + "[Airflow 3]\n", kGoodEquipment),
+              std::vector{"8: " + missing});
+    EXPECT_EQ(
+        Faults(kGoodVersions + "[Airflow 3]\nDemo URL=http://a.example/x.exe\n", kGoodEquipment),
+        std::vector<std::string>());
+    EXPECT_EQ(Do({"lint", Native("site"), "--json"}), 0);
+    EXPECT_EQ(m_output, "{\n  \"faults\": []\n}\n");
+    Remove("pub\\demo\\lc8setup.exe");
+    EXPECT_EQ(Do({"lint", Native("site"), "--json"}), 4);
+    EXPECT_THAT(m_output,
+                HasSubstr("\"line\": 2,\n      \"text\": \"The setup /pub/demo/lc8setup.exe "
+                          "is not there\""));
+    Remove("pub\\demo\\version.ini");
+    EXPECT_EQ(Do({"lint", Native("site")}), 1);
+    EXPECT_THAT(m_errors, HasSubstr("version.ini: "));
 }
 
 } // namespace
