@@ -101,6 +101,8 @@ void CFormHandler::Place(wxTopLevelWindow& window, bool withSize) const
         wanted = wanted.CentreIn(screen);
     }
     window.SetSize(FitInto(wanted, screen));
+    m_place->rectangle =
+        window.GetRect(); // Not every system tells of it before the window is shown.
     Follow(window);
 }
 
