@@ -91,7 +91,7 @@ int RunInStartupMode(const std::string& commandLine)
     {
         const platform::InstanceListener listener(kSilentInstanceName, loop, [&] {
             isWanted = true;
-            manager.Lists().Cancel();
+            manager.Lists().BreakOff();
             return true;
         });
         findings = manager.CheckForCaller(StartupRequest(commandLine));

@@ -102,6 +102,10 @@ void ListsFetch::Connect(ShownLists* shown)
         Fail(versions.Failure(), versions.Failure());
         return;
     }
+    if (m_cancelRequested)
+    {
+        return;
+    }
     auto manufacturers = Download(FetchedFiles::kManufacturerListName, m_files.manufacturerList);
     m_with.loop.Yield();
     if (m_cancelRequested)
@@ -253,9 +257,14 @@ void ListsFetch::Cancel()
     if (m_busy && !m_cancelRequested)
     {
         m_cancelRequested = true;
-        m_with.urlToFile.Cancel();
         Tell(FetchStage::Canceling);
     }
+}
+
+void ListsFetch::BreakOff()
+{
+    Cancel();
+    m_with.urlToFile.Cancel();
 }
 
 void ListsFetch::EndBy(steady_clock::time_point end)

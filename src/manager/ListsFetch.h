@@ -31,8 +31,8 @@ class SharedLock;
     The fetch of the vendor's two lists into the program's folder, with its status lines, and what it
     brought: it is held here, and the files are there for whoever else looks for them. One fetch at a
     time on a desktop, in whatever process: the next one waits, at most a minute. Then, as in a folder
-    that may not be written, it leaves the files alone, with a line in the log. A fetch blocks its caller but keeps the message loop going, so that the window
-    lives and a cancel ends it at once. User-interface thread.
+    that may not be written, it leaves the files alone, with a line in the log. A fetch blocks its caller
+    but keeps the message loop going, so that the window lives. User-interface thread.
  */
 class ListsFetch
 {
@@ -56,8 +56,12 @@ class ListsFetch
     /// at any list. Does nothing when a fetch is under way.
     void Run(ShownLists* shown);
 
-    /// Ends the fetch and a download that runs for it. Without a fetch under way it does nothing.
+    /// Ends the fetch after the file that is being downloaded, and the waiting for another fetch at
+    /// once. Without a fetch under way it does nothing.
     void Cancel();
+
+    /// The same, without waiting for that file's end.
+    void BreakOff();
 
     /// From @a end on nothing is waited for nor downloaded any more.
     void EndBy(std::chrono::steady_clock::time_point end);

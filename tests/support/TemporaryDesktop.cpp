@@ -40,7 +40,14 @@ std::string TestDataPath(std::string_view relative)
     return BuildMachinePath(VELMO_TEST_DATA "/" + std::string(relative));
 }
 
-TemporaryDesktop::TemporaryDesktop() : m_folder(NewFolder()), m_opened(NewDesktop(m_folder)) {}
+TemporaryDesktop::TemporaryDesktop() : m_folder(NewFolder()), m_opened(NewDesktop(m_folder))
+{
+    // A run that was killed leaves its lists, and a program that starts takes them over.
+    for (const char* list : {"version.ini", "manufver.ini"})
+    {
+        Require(platform::MFile::DeleteIfExists(platform::ProgramFolder() + list), list);
+    }
+}
 
 std::string TemporaryDesktop::Write(std::string_view name, std::string_view bytes) const
 {
