@@ -230,6 +230,8 @@ TEST_F(LintTest, EachFaultOfTheManufacturerListIsToldWithItsLine)
          {"5: 1MDBFILENAME stands in line 2 already: this one does not count"}},
         {"[Merlin]\n1MDBFilename=m.mdb\nMDBSetupFileSize=7\n",
          {"3: MDBSetupFileSize is not the size of /pub/mervala/mdb/merlin.exe, 6 bytes"}},
+        {"[Merlin]\n1MDBFilename=m.mdb\nMDBSetupFileSize=5\n",
+         {"3: MDBSetupFileSize is not the size of /pub/mervala/mdb/merlin.exe, 6 bytes"}},
         {"[Osprey]\n1MDBFilename=o.mdb\n",
          {"1: The setup /pub/mervala/mdb/osprey.exe is not there"}},
         {"[Con]\n1MDBFilename=o.mdb\n",
