@@ -50,6 +50,7 @@ TEST_F(CommandsTest, StatusSaysWhetherAnythingNeedsAnUpdate)
 {
     FaultServer server;
     m_desktop.SetPolicy("WebServer", server.Url(""));
+    m_desktop.SetWinIniFolder("CommonDirectory", m_desktop.Folder());
     m_desktop.SetWinIniFolder("LoadcalcDirectory", m_desktop.Folder());
     WriteProgram("Loadcalc8.exe");
     const std::tuple<const char*, int, const char*> rows[] = {
