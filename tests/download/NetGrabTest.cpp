@@ -223,7 +223,7 @@ TEST_F(UrlToFileTest, AFailureLeavesTheOldFileAndASuccessReplacesIt)
     m_desktop.Write("version.ini", "an older and longer content than the new");
     m_server.Serve("/list", "[Loadcalc 8]\r\nMajor=8\r\n");
     m_server.Serve("/as-large-as-allowed", std::string(kMostBytesOfAList, 'x'));
-    m_server.Serve("/larger", std::string(kMostBytesOfAList + 1, 'x'));
+    m_server.Play("/larger", {FaultServer::Head(kMostBytesOfAList + 1)});
     EXPECT_EQ(Download("/missing"), error_code::kNotOnServer);
     EXPECT_EQ(Download("/larger"), error_code::kTooLarge);
     m_server.Serve("/empty", "");
