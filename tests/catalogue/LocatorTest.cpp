@@ -1,6 +1,7 @@
 #include "catalogue/CVelmoProgramCommunicator.h"
 
 #include "catalogue/CommonFolder.h"
+#include "catalogue/LocatorTable.h"
 #include "platform/MFile.h"
 #include "platform/PrivateProfile.h"
 #include "platform/UserSettings.h"
@@ -22,6 +23,9 @@ namespace
 
 using sample::VersionResource;
 namespace MFile = platform::MFile;
+
+/// The first that the locator does not know.
+constexpr auto kNoNumber = static_cast<std::int32_t>(kLocatorTable.size());
 
 constexpr std::int32_t kKept = -7;
 using Parts = std::array<std::int32_t, 3>;
@@ -79,7 +83,7 @@ TEST_F(LocatorTest, FoldersComeFromWinIniElseFromTheUsersSettings)
                                           {31, true},
                                           {-1, false},
                                           {15, false},
-                                          {32, false},
+                                          {kNoNumber, false},
                                           {INT32_MAX, false}})
     {
         auto locator = Locator();
@@ -211,7 +215,7 @@ TEST_F(LocatorTest, TheKindChoosesTheReaderOfAnIniValue)
         {21, "k", INIValueKind::Long, 0, 5, ""},
         {1, "k", static_cast<INIValueKind>(5), "d", std::monostate(), "ProgramINIValue"},
         {10, "k", INIValueKind::String, "d", std::monostate(), "FolderName"},
-        {32, "k", INIValueKind::String, "d", std::monostate(), "FolderName"},
+        {kNoNumber, "k", INIValueKind::String, "d", std::monostate(), "FolderName"},
     };
     for (const auto& [number, key, kind, fallback, answer, source] : rows)
     {
@@ -245,7 +249,7 @@ TEST_F(LocatorTest, AFolderIsWrittenToBothStores)
         EXPECT_EQ(winIni(name), stored);
         EXPECT_EQ(user(name), stored);
     }
-    for (const std::int32_t number : {-1, 15, 19, 28, 29, 30, 31, 32})
+    for (const std::int32_t number : {-1, 15, 19, 28, 29, 30, 31, kNoNumber})
     {
         SCOPED_TRACE(number);
         auto locator = Locator();
@@ -289,7 +293,7 @@ TEST_F(LocatorTest, TheProgramIsStartedElseItsPreviousGeneration)
     EXPECT_NE(Launch().find("\\Psychrochartw.exe"), std::string::npos);
     m_desktop.WriteProgram("Psychrochartw.exe");
     EXPECT_EQ(Launch(), "");
-    for (const std::int32_t other : {-1, 0, 6, 8, 31, 32})
+    for (const std::int32_t other : {-1, 0, 6, 8, 31, kNoNumber})
     {
         EXPECT_EQ(Launch(other), "");
     }

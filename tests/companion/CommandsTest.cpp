@@ -1,5 +1,6 @@
 #include "companion/Commands.h"
 
+#include "catalogue/ProgramTable.h"
 #include "sample/PeImageWriter.h"
 #include "tests/support/CountedReads.h"
 #include "tests/support/FaultServer.h"
@@ -68,7 +69,7 @@ TEST_F(CommandsTest, StatusSaysWhetherAnythingNeedsAnUpdate)
                                                   "Installed Version  Latest Version  Need to "
                                                   "Update\n----------------  ----"));
         EXPECT_THAT(m_output, HasSubstr(start + end));
-        EXPECT_EQ(std::count(m_output.begin(), m_output.end(), '\n'), 2 + 33);
+        EXPECT_EQ(std::count(m_output.begin(), m_output.end(), '\n'), 2 + kProgramCount - 1);
         EXPECT_EQ(m_errors, "");
     }
 }
