@@ -149,6 +149,7 @@ const EquipmentSection& EquipmentGrid::SectionOf(const EquipmentRow& row) const
     return m_rows.sections.at(row.section);
 }
 
+/// As long as the grid has columns: the text of each is made here and nowhere else.
 std::string EquipmentGrid::Text(std::size_t row, EquipmentColumn column) const
 {
     const EquipmentRow& content = m_rows.rows.at(row);

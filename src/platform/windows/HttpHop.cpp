@@ -1,13 +1,13 @@
 #include "platform/HttpHop.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/windows/InternetCode.h"
 
 #include <windows.h>
 
 #include <wininet.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <charconv>
 #include <condition_variable>
@@ -29,37 +29,6 @@ using Bytes = std::vector<std::byte>;
 /// Small enough for the slowest line to fill it within the usual stall time-out.
 constexpr std::size_t kReadSize = 64 * 1024;
 constexpr std::size_t kMostWaiting = 32; ///< Buffers read ahead of the sink.
-
-struct Pair
-{
-    DWORD given;
-    std::int32_t internet;
-};
-
-/// What differs from one Windows to another, under one number each.
-constexpr std::array kPairs{
-    Pair{WSAECONNRESET, error_code::kReset},
-    Pair{WSAECONNABORTED, error_code::kReset},
-    Pair{ERROR_INTERNET_SEC_CERT_DATE_INVALID, error_code::kUntrustedCertificate},
-    Pair{ERROR_INTERNET_SEC_CERT_CN_INVALID, error_code::kUntrustedCertificate},
-    Pair{ERROR_INTERNET_SEC_CERT_ERRORS, error_code::kUntrustedCertificate},
-    Pair{ERROR_INTERNET_SEC_CERT_REV_FAILED, error_code::kUntrustedCertificate},
-    Pair{ERROR_INTERNET_SEC_INVALID_CERT, error_code::kUntrustedCertificate},
-    Pair{ERROR_INTERNET_SEC_CERT_REVOKED, error_code::kUntrustedCertificate},
-    Pair{ERROR_INTERNET_CLIENT_AUTH_CERT_NEEDED, error_code::kNoSecureChannel},
-    // "Decoding failed", which newer Windows gives for a failed handshake.
-    Pair{12175, error_code::kNoSecureChannel},
-    Pair{ERROR_INTERNET_SERVER_UNREACHABLE, error_code::kCannotConnect},
-    Pair{ERROR_INTERNET_PROXY_SERVER_UNREACHABLE, error_code::kCannotConnect},
-    Pair{ERROR_INTERNET_DISCONNECTED, error_code::kCannotConnect},
-};
-
-std::int32_t InternetCode(DWORD given)
-{
-    const auto pair = std::find_if(kPairs.begin(), kPairs.end(),
-                                   [given](const Pair& p) { return p.given == given; });
-    return pair == kPairs.end() ? static_cast<std::int32_t>(given) : pair->internet;
-}
 
 struct HandleCloser
 {
