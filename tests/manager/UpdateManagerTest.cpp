@@ -296,11 +296,13 @@ TEST_F(UpdateManagerTest, WithoutTheLockTheListsAreHadAllTheSameAndTheFilesLeftA
     const auto other = platform::SharedLock::Take(m_files->lock, {});
     ASSERT_TRUE(other);
     m_desktop.Write(m_files->versionList, "the other's");
-    m_manager->Lists().EndBy(std::chrono::steady_clock::now() + std::chrono::milliseconds(20));
+    // It tells that it runs before it waits, and again when it has waited.
+    int runs = 0;
     const auto watching = m_manager->Lists().ReportChanged().Add([&] {
-        if (m_manager->Lists().Report().stage == FetchStage::Waiting)
+        if (m_manager->Lists().Report().stage == FetchStage::Running)
         {
-            m_manager->Lists().EndBy(std::chrono::steady_clock::now() + std::chrono::hours(1));
+            m_manager->Lists().EndBy(std::chrono::steady_clock::now() +
+                                     std::chrono::milliseconds(++runs == 1 ? 20 : 3'600'000));
         }
     });
     EXPECT_EQ(Fetch(), kAttempting + kDownloaded + kRefreshed);
