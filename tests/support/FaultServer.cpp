@@ -160,7 +160,12 @@ bool FaultServer::Do(const Step& step, Connection& connection)
 {
     if (step.kind == Step::Kind::Send)
     {
-        return connection.socket.Send(step.bytes);
+        std::uint64_t sent = 0;
+        while (sent < step.times && connection.socket.Send(step.bytes))
+        {
+            ++sent;
+        }
+        return sent == step.times;
     }
     std::unique_lock lock(m_mutex);
     const auto stopping = [this] { return m_stopping; };

@@ -33,6 +33,7 @@ class FaultServer
             Reset
         } kind;
         std::string bytes = {};
+        std::uint64_t times = 1; ///< That they are sent.
     };
 
     /// After its last step the connection ends in good order.
@@ -68,7 +69,10 @@ class FaultServer
     /// How often the path has been asked for.
     [[nodiscard]] int CountOf(const std::string& path) const;
 
-    static Step Send(std::string_view bytes) { return {Step::Kind::Send, std::string(bytes)}; }
+    static Step Send(std::string_view bytes, std::uint64_t times = 1)
+    {
+        return {Step::Kind::Send, std::string(bytes), times};
+    }
     static Step Drip(std::string_view bytes) { return {Step::Kind::Drip, std::string(bytes)}; }
     static Step Hold() { return {Step::Kind::Hold}; }
     static Step Reset() { return {Step::Kind::Reset}; }
