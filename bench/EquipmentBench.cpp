@@ -113,8 +113,9 @@ double Milliseconds(std::size_t databases, wxFrame& frame)
     }
     std::sort(times.begin(), times.end());
     std::printf("%6zu databases, %6d need an update: %8.1f ms (median of %d; least %.1f)\n",
-                equipment.Grid().Model().Rows().size(), equipment.CountDatabasesThatNeedUpdate(),
-                times[kRounds / 2], kRounds, times.front());
+                equipment.Grid().Model().Rows().RowCount(),
+                equipment.CountDatabasesThatNeedUpdate(), times[kRounds / 2], kRounds,
+                times.front());
     grid->Destroy();
     return times[kRounds / 2];
 }
