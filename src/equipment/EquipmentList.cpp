@@ -20,16 +20,11 @@ namespace
 
 namespace MFile = platform::MFile;
 
+constexpr const char* kPictures = "EquipPic\\"; ///< Below the data folder.
+
 constexpr const char* kNothingTicked =
     "You must check the box for at least one database or picture before you can install updates.";
 constexpr const char* kNothingTickedTitle = "No Boxes Checked";
-
-/// Whether the system may take the name for a file that is spelt otherwise, beyond the case of A to Z.
-bool MayHaveOtherSpellings(std::string_view name)
-{
-    return std::ranges::any_of(
-        name, [](char c) { return c == '~' || static_cast<unsigned char>(c) >= 0x80U; });
-}
 
 /// The lines that one look at what is installed leaves in the log: the first of them, and how many more.
 class BoundedLog
@@ -61,8 +56,28 @@ class BoundedLog
     std::size_t m_count = 0;
 };
 
-/// Looks at what is installed in the data folder. Its files are listed once, since most databases of
-/// a list are not there and asking for each of them would take longer than all the rest.
+/// The names, which are found in any case of A to Z.
+std::unordered_set<std::string> InLowerCase(const std::vector<std::string>& names)
+{
+    std::unordered_set<std::string> lower;
+    for (const std::string& name : names)
+    {
+        lower.insert(LowerCase(name));
+    }
+    return lower;
+}
+
+/// Whether a folder may have the name: the system may also take it for one that is spelt otherwise,
+/// beyond the case of A to Z.
+bool MayBeIn(const std::unordered_set<std::string>& lowerNames, const std::string& name)
+{
+    return std::ranges::any_of(
+               name, [](char c) { return c == '~' || static_cast<unsigned char>(c) >= 0x80U; }) ||
+           lowerNames.contains(LowerCase(name));
+}
+
+/// Looks at what is installed in the data folder. Its files and its folders of pictures are listed once,
+/// since most of what a list names is not there and asking for each would take longer than all the rest.
 class Inspection
 {
   public:
@@ -71,10 +86,8 @@ class Inspection
     {
         if (!m_dataFolder.empty())
         {
-            for (const std::string& name : MFile::FileNames(m_dataFolder))
-            {
-                m_fileNames.insert(LowerCase(name));
-            }
+            m_files = InLowerCase(MFile::FileNames(m_dataFolder));
+            m_pictureFolders = InLowerCase(MFile::FolderNames(m_dataFolder + kPictures));
         }
     }
 
@@ -117,7 +130,11 @@ class Inspection
             return {};
         }
         const std::string name(section.SectionName);
-        return InspectPictures({name, m_dataFolder + "EquipPic\\" + name + "\\",
+        if (!MayBeIn(m_pictureFolders, name))
+        {
+            return {};
+        }
+        return InspectPictures({name, m_dataFolder + kPictures + name + "\\",
                                 section.PicturesLatestDate, section.DateCheckerPictureFile},
                                m_thisYear, m_log);
     }
@@ -134,7 +151,7 @@ class Inspection
         {
             installed.failure = "The folder of the databases is not known.";
         }
-        else if (MayHaveOtherSpellings(file) || m_fileNames.contains(LowerCase(file)))
+        else if (MayBeIn(m_files, file))
         {
             installed = InspectDatabase(m_dataFolder + file, entry.DatabaseLatestDate, m_thisYear);
             if (!installed.failure.empty())
@@ -161,7 +178,8 @@ class Inspection
     std::chrono::year m_thisYear;
     DiagnosticLog& m_log;
     BoundedLog m_findings;
-    std::unordered_set<std::string> m_fileNames; ///< In lower case.
+    std::unordered_set<std::string> m_files;
+    std::unordered_set<std::string> m_pictureFolders;
 };
 
 bool IsOutdated(const InstalledVersion& installed)

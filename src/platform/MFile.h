@@ -87,4 +87,7 @@ Result<Done> RemoveFolder(std::string_view path);
 /// Names (no paths) of the files in a folder, in no particular order; sub-folders are left out.
 [[nodiscard]] std::vector<std::string> FileNames(std::string_view folder);
 
+/// Names of the sub-folders, links to folders among them, in no particular order.
+[[nodiscard]] std::vector<std::string> FolderNames(std::string_view folder);
+
 } // namespace velmo::platform::MFile

@@ -82,7 +82,7 @@ class EquipmentListTest : public test::ProgramDesktop
 TEST_F(EquipmentListTest, ADatabaseIsARowOfWhatTheListAndTheDesktopSay)
 {
     InstallDatabase("Kestrel.MDB"); // 3/15/2004
-    m_desktop.Write("EquipPic\\Kestrel Air\\PicInfo.ini",
+    m_desktop.Write("EquipPic\\KESTREL air\\PicInfo.ini",
                     "[Kestrel Air]\r\nDatePicturesModified=5/6/2007\r\n");
     Show(std::string(kGeneral) +
          "\r\n[Kestrel Air]\r\n"

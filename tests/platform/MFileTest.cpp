@@ -54,7 +54,9 @@ TEST_F(MFileTest, BytesComeBackAsWrittenReplacedOrAdded)
     EXPECT_EQ(MFile::ReadAll(path, 5).Failure().code, 223);
     ASSERT_TRUE(MFile::WriteAll(m_folder + "LOG.TXT", ""));
     EXPECT_EQ(MFile::ReadAll(path).Value(), "");
+    ASSERT_TRUE(MFile::CreateFolders(m_folder + "Sub\\Below"));
     EXPECT_THAT(MFile::FileNames(m_folder), testing::ElementsAre("Log.txt"));
+    EXPECT_THAT(MFile::FolderNames(m_folder), testing::ElementsAre("Sub"));
 }
 
 TEST_F(MFileTest, WhatIsMissingHasItsErrorCode)
@@ -72,6 +74,7 @@ TEST_F(MFileTest, WhatIsMissingHasItsErrorCode)
     EXPECT_TRUE(MFile::DeleteIfExists(noFolder));
     EXPECT_TRUE(MFile::RemoveFolder(m_folder + "No"));
     EXPECT_TRUE(MFile::FileNames(m_folder + "No").empty());
+    EXPECT_TRUE(MFile::FolderNames(m_folder + "No").empty());
 }
 
 TEST_F(MFileTest, AFileOpenForReadingMayBeRenamedAndItsNameUsedAnew)

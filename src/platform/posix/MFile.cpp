@@ -72,6 +72,23 @@ std::string WithoutDots(std::string_view path)
     return text.substr(0, text.find_last_not_of(" .") + 1);
 }
 
+/// Of what a folder has, itself or through a link.
+std::vector<std::string> NamesIn(std::string_view folder, fs::file_type type)
+{
+    std::vector<std::string> names;
+    std::error_code error;
+    fs::directory_iterator entry(NativePath(folder), error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error))
+    {
+        std::error_code vanished;
+        if (entry->status(vanished).type() == type)
+        {
+            names.push_back(entry->path().filename().string());
+        }
+    }
+    return names;
+}
+
 } // namespace
 
 bool FileExists(std::string_view path)
@@ -175,18 +192,12 @@ Result<Done> RemoveFolder(std::string_view path)
 
 std::vector<std::string> FileNames(std::string_view folder)
 {
-    std::vector<std::string> names;
-    std::error_code error;
-    fs::directory_iterator entry(NativePath(folder), error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error))
-    {
-        std::error_code vanished;
-        if (entry->is_regular_file(vanished))
-        {
-            names.push_back(entry->path().filename().string());
-        }
-    }
-    return names;
+    return NamesIn(folder, fs::file_type::regular);
+}
+
+std::vector<std::string> FolderNames(std::string_view folder)
+{
+    return NamesIn(folder, fs::file_type::directory);
 }
 
 } // namespace velmo::platform::MFile

@@ -32,6 +32,28 @@ DWORD Attributes(std::string_view path)
     return GetFileAttributesW(Wide(path).c_str());
 }
 
+std::vector<std::string> NamesIn(std::string_view folder, bool folders)
+{
+    std::vector<std::string> names;
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(Wide(std::string(folder) + "\\*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+    {
+        return names;
+    }
+    do
+    {
+        std::string name = Narrow(found.cFileName);
+        const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (isFolder == folders && name != "." && name != "..")
+        {
+            names.push_back(std::move(name));
+        }
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+    return names;
+}
+
 } // namespace
 
 bool FileExists(std::string_view path)
@@ -142,22 +164,12 @@ Result<Done> RemoveFolder(std::string_view path)
 
 std::vector<std::string> FileNames(std::string_view folder)
 {
-    std::vector<std::string> names;
-    WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW(Wide(std::string(folder) + "\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-    {
-        return names;
-    }
-    do
-    {
-        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
-        {
-            names.push_back(Narrow(found.cFileName));
-        }
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
-    return names;
+    return NamesIn(folder, false);
+}
+
+std::vector<std::string> FolderNames(std::string_view folder)
+{
+    return NamesIn(folder, true);
 }
 
 } // namespace velmo::platform::MFile
