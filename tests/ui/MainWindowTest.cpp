@@ -88,7 +88,7 @@ TEST_F(MainWindowTest, FetchesOnceAfterItOpensAndTellsWhatItDid)
     EXPECT_EQ(bar.GetStatusText(), "Not checked yet");
     test.loop.Fire(kOpeningTimer);
     EXPECT_TRUE(bar.GetStatusText().StartsWith("Checked "));
-    EXPECT_TRUE(test.manager.Lists().Succeeded());
+    EXPECT_TRUE(test.manager.Lists().Report().Succeeded());
     EXPECT_EQ(test.loop.Waiting(kOpeningTimer), 0U) << "once";
     EXPECT_EQ(m_desktop.Fetches(), 1);
     EXPECT_EQ(test.Find<wxTextCtrl>("txtStatus").GetValue().utf8_string(),
