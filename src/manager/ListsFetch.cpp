@@ -146,7 +146,6 @@ void ListsFetch::Adopt(ShownLists* shown)
             TakeOutServerValues(m_files.manufacturerList, m_with.log);
         }
         shown->Refresh(m_lists);
-        shown->LoadHeadlines(m_lists.headlines);
         shown->ShowSelectedProgram();
     }
     if (m_lists.versions.IsList())
@@ -196,6 +195,7 @@ std::optional<platform::SharedLock> ListsFetch::WaitForOthers()
     const auto began = steady_clock::now();
     const auto end =
         std::min(began + kLongestWait, m_end.value_or(steady_clock::time_point::max()));
+    std::optional<steady_clock::time_point> refused; // For the first time in a row.
     while (true)
     {
         auto lock = platform::SharedLock::Take(m_files.lock, std::chrono::milliseconds(0));
@@ -209,7 +209,8 @@ std::optional<platform::SharedLock> ListsFetch::WaitForOthers()
         {
             return std::nullopt;
         }
-        if (now >= (isHeld ? end : began + kLongestRefusal))
+        refused = isHeld ? std::nullopt : std::optional(refused.value_or(now));
+        if (now >= (isHeld ? end : *refused + kLongestRefusal))
         {
             m_with.log.Failure("The list files are left alone, as their lock cannot be had",
                                lock.Failure());
@@ -275,13 +276,18 @@ void ListsFetch::EndBy(steady_clock::time_point end)
 
 void ListsFetch::TakeFiles()
 {
-    const auto versions = MFile::ReadAll(m_files.versionList, kMostBytesOfAList);
-    const auto manufacturers = MFile::ReadAll(m_files.manufacturerList, kMostBytesOfAList);
+    const auto versions = ReadFile(m_files.versionList);
+    const auto manufacturers = ReadFile(m_files.manufacturerList);
     if (!versions && !manufacturers)
     {
         return;
     }
     m_bytes = {versions ? versions.Value() : "", manufacturers ? manufacturers.Value() : ""};
+    m_report.equipmentFailure.reset();
+    if (!manufacturers)
+    {
+        m_report.equipmentFailure = manufacturers.Failure();
+    }
     Parse();
     const auto written = MFile::ModificationTime(m_files.versionList);
     if (m_lists.versions.IsList() && written)
@@ -292,12 +298,36 @@ void ListsFetch::TakeFiles()
     m_reportChanged.Tell();
 }
 
+Result<std::string> ListsFetch::ReadFile(const std::string& path) const
+{
+    auto bytes = MFile::ReadAll(path, kMostBytesOfAList);
+    if (!bytes && bytes.Failure().code != error_code::kFileMissing)
+    {
+        m_with.log.Failure("Reading " + path, bytes.Failure());
+    }
+    return bytes;
+}
+
 void ListsFetch::Take(ListBytes bytes, const FetchReport& report)
 {
     m_bytes = std::move(bytes);
     Parse();
     m_report = report;
     m_reportChanged.Tell();
+}
+
+void ListsFetch::TakeOutServers()
+{
+    if (!MFile::FileExists(m_files.manufacturerList))
+    {
+        return;
+    }
+    if (const auto lock = platform::SharedLock::Take(m_files.lock, kLongestRefusal); !lock)
+    {
+        m_with.log.Failure("The manufacturer list's file is left as it is", lock.Failure());
+        return;
+    }
+    TakeOutServerValues(m_files.manufacturerList, m_with.log);
 }
 
 void ListsFetch::DeleteFiles()

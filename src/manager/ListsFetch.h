@@ -67,11 +67,15 @@ class ListsFetch
     void EndBy(std::chrono::steady_clock::time_point end);
 
     /// Takes the files over that another program run left, as of the time that they were written. Does
-    /// nothing when there are none.
+    /// nothing when there are none; one that cannot be read leaves a line in the log.
     void TakeFiles();
 
     /// Takes over what another part of this program run fetched, and what it told of that.
     void Take(ListBytes bytes, const FetchReport& report);
+
+    /// Takes the values that say where the setups are out of the manufacturer list's file, unless
+    /// another fetch on this desktop is writing its own there.
+    void TakeOutServers();
 
     /// Deletes both files, unless another fetch on this desktop is writing its own there.
     void DeleteFiles();
@@ -87,9 +91,6 @@ class ListsFetch
     [[nodiscard]] const ListBytes& Bytes() const { return m_bytes; }
 
     [[nodiscard]] const FetchReport& Report() const { return m_report; }
-
-    /// Whether the last fetch brought the version list; false before the first.
-    [[nodiscard]] bool Succeeded() const { return m_report.Succeeded(); }
     [[nodiscard]] Observers& ReportChanged() { return m_reportChanged; }
 
     /// Caption of the connect button.
@@ -100,6 +101,7 @@ class ListsFetch
     void Adopt(ShownLists* shown);
     [[nodiscard]] std::optional<platform::SharedLock> WaitForOthers();
     [[nodiscard]] Result<std::string> Download(std::string_view name, const std::string& path);
+    [[nodiscard]] Result<std::string> ReadFile(const std::string& path) const;
     void Parse();
     void Fail(const Error& reason, const Error& lastOfDownloads);
     void Tell(FetchStage stage);

@@ -25,10 +25,16 @@ void ShownLists::Empty()
 {
     m_stores = SharedValues::Read();
     LoadHeadlines({});
-    Refresh({});
+    Rebuild({});
 }
 
 void ShownLists::Refresh(const VendorLists& lists)
+{
+    Rebuild(lists);
+    LoadHeadlines(lists.headlines);
+}
+
+void ShownLists::Rebuild(const VendorLists& lists)
 {
     m_programs.Rebuild(lists.versions, m_stores);
     if (lists.equipment)

@@ -48,10 +48,9 @@ class ShownLists
     /// rows that it has.
     void Empty();
 
-    /// Rebuilds the programs and the equipment from the lists, the latter only when there is one.
+    /// Rebuilds the programs, the equipment and the headlines from the lists, the equipment only when
+    /// there is a list of it.
     void Refresh(const VendorLists& lists);
-
-    void LoadHeadlines(std::vector<Headline> headlines);
 
     /// Makes the first and then the selected program visible.
     void ShowSelectedProgram();
@@ -70,6 +69,8 @@ class ShownLists
     [[nodiscard]] Observers& HeadlinesChanged() { return m_headlinesChanged; }
 
   private:
+    void Rebuild(const VendorLists& lists);
+    void LoadHeadlines(std::vector<Headline> headlines);
     [[nodiscard]] bool GoToProgram();
     [[nodiscard]] bool GoToEquipment(bool pictures);
 

@@ -5,7 +5,6 @@
 #include "install/InstallFlow.h"
 #include "manager/Details.h"
 #include "platform/DesktopFolders.h"
-#include "platform/MFile.h"
 #include "updates/UpdatePrompts.h"
 
 #include <chrono>
@@ -61,12 +60,8 @@ void UpdateManager::FillLists()
     {
         m_lists.TakeFiles();
     }
-    if (platform::MFile::FileExists(m_lists.Files().manufacturerList))
-    {
-        TakeOutServerValues(m_lists.Files().manufacturerList, m_log);
-    }
+    m_lists.TakeOutServers();
     m_shown.Refresh(m_lists.Lists());
-    m_shown.LoadHeadlines(m_lists.Lists().headlines);
 }
 
 void UpdateManager::MarkCaller(const StartupRequest& request)

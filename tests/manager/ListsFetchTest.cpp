@@ -219,11 +219,37 @@ TEST_F(ListsFetchTest, WhatAnotherRunLeftIsTakenAsOfThen)
     EXPECT_TRUE(MFile::SetModificationTime(
         m_files->versionList,
         std::chrono::sys_days(std::chrono::year(2026) / 11 / 20) + std::chrono::hours(12)));
+    auto other = std::optional(platform::SharedLock::Take(m_files->lock, {}));
     m_manager->FillLists();
+    EXPECT_THAT(m_desktop.Read(m_files->manufacturerList), testing::StartsWith("[Manufver"));
     EXPECT_EQ(LatestVersion(), "9.00.0");
     EXPECT_EQ(m_manager->Equipment().Grid().Rows().rows.size(), 1U);
+    other.reset();
+    m_manager->FillLists();
     EXPECT_EQ(m_desktop.Read(m_files->manufacturerList), "[Pumps]\r\n1MDBFilename=p\r\n");
     EXPECT_THAT(StatusBarText(m_manager->Lists().Report()), testing::StartsWith("Checked 11/2"));
+}
+
+TEST_F(ListsFetchTest, AnEquipmentListThatAnotherRunDidNotLeaveOrThatCannotBeReadIsTold)
+{
+    const std::string inAFolder = m_files->manufacturerList + "\\x"; // Where the file should be.
+    for (const bool isMissing : {true, false})
+    {
+        SCOPED_TRACE(isMissing);
+        m_manager->DeleteLists();
+        m_desktop.Write(m_files->versionList, "[Loadcalc 8]\r\nMajor=9\r\n");
+        if (!isMissing)
+        {
+            m_desktop.Write(inAFolder, "");
+        }
+        m_manager->Lists().TakeFiles();
+        EXPECT_THAT(StatusBarText(m_manager->Lists().Report()),
+                    HasSubstr("M. The equipment list could not be read: "));
+        EXPECT_EQ(LogText().find("Reading " + m_files->manufacturerList) == std::string::npos,
+                  isMissing);
+    }
+    EXPECT_TRUE(MFile::DeleteIfExists(inAFolder));
+    EXPECT_TRUE(MFile::RemoveFolder(m_files->manufacturerList));
 }
 
 TEST(FetchReportTest, AFailureIsTheEndOfASentence)
