@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace velmo::platform
 {
@@ -33,6 +34,7 @@ Result<SharedLock> SharedLock::Take(std::string_view path, std::chrono::millisec
 {
     const auto began = std::chrono::steady_clock::now();
     const std::wstring lockPath = Wide(path) + L".lock";
+    std::optional<std::chrono::steady_clock::time_point> refused; // For the first time in a row.
     while (true)
     {
         HANDLE file = CreateFileW(lockPath.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
@@ -42,13 +44,15 @@ Result<SharedLock> SharedLock::Take(std::string_view path, std::chrono::millisec
             return SharedLock(std::make_unique<Holder>(file));
         }
         const DWORD error = GetLastError();
-        const auto waited = std::chrono::steady_clock::now() - began;
-        if (error == ERROR_SHARING_VIOLATION && waited >= longest)
+        const auto now = std::chrono::steady_clock::now();
+        const bool isHeld = error == ERROR_SHARING_VIOLATION;
+        if (isHeld && now - began >= longest)
         {
             return Error{error_code::kLocked, "Another program holds the lock " + Narrow(lockPath)};
         }
-        if (error != ERROR_SHARING_VIOLATION &&
-            (error != ERROR_ACCESS_DENIED || waited >= std::min(longest, kLongestDeletion)))
+        refused = isHeld ? std::nullopt : std::optional(refused.value_or(now));
+        if (refused &&
+            (error != ERROR_ACCESS_DENIED || now - *refused >= std::min(longest, kLongestDeletion)))
         {
             return SystemError(error);
         }
