@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <span>
@@ -128,30 +129,36 @@ void LintValues(LintedList& lint, std::span<const ValueRule> rules)
 
 using Site = std::map<std::string, std::string>; ///< Files by their paths on the server.
 
-void LintSetup(LintedList& lint, const Site& site, const std::string& path, std::size_t line)
+/// The setup's size; nothing, with the reason told, when it is not there or cannot be opened.
+std::optional<std::uint64_t> LintSetup(LintedList& lint, const Site& site, const std::string& path,
+                                       std::size_t line)
 {
-    if (!site.contains(path))
+    const auto found = site.find(path);
+    if (found == site.end())
     {
         lint.Tell(line, "The setup " + path + " is not there");
+        return std::nullopt;
     }
+    const auto file = platform::OpenFile::Open(found->second, platform::OpenFile::For::Reading);
+    if (!file)
+    {
+        lint.Tell(line, "The setup " + path + " cannot be opened: " + file.Failure().description);
+        return std::nullopt;
+    }
+    return file.Value().Size();
 }
 
 /// A setup of equipment, which has its size in the list.
 void LintSizedSetup(LintedList& lint, const Site& site, const ListedSection& section,
                     const std::string& path, std::string_view sizeKey, double listed)
 {
-    const auto found = site.find(path);
-    if (found == site.end())
+    const auto size = LintSetup(lint, site, path, section.line);
+    if (size && static_cast<double>(*size) != listed)
     {
-        return LintSetup(lint, site, path, section.line);
-    }
-    const auto file = platform::OpenFile::Open(found->second, platform::OpenFile::For::Reading);
-    if (file && static_cast<double>(file.Value().Size()) != listed)
-    {
-        const ListedLine* const size = section.Find(sizeKey);
-        lint.Tell(size == nullptr ? section.line : size->line,
+        const ListedLine* const line = section.Find(sizeKey);
+        lint.Tell(line == nullptr ? section.line : line->line,
                   std::string(sizeKey) + " is not the size of " + path + ", " +
-                      std::to_string(file.Value().Size()) + " bytes");
+                      std::to_string(*size) + " bytes");
     }
 }
 
@@ -177,8 +184,8 @@ void LintProducts(LintedList& lint, const Site& site)
                               (section == nullptr || section->Find("Demo URL") == nullptr);
         if (liesHere)
         {
-            LintSetup(lint, site, std::string(program.demoSetup),
-                      section == nullptr ? 1 : section->line);
+            (void)LintSetup(lint, site, std::string(program.demoSetup),
+                            section == nullptr ? 1 : section->line);
         }
     }
 }

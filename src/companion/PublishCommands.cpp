@@ -73,8 +73,9 @@ ExitCode Make(const MakeOptions& options, Output output)
     }
     if (options.file.empty())
     {
-        output.out << text;
-        return ExitCode::Fine;
+        output.out << text << std::flush;
+        return output.out ? ExitCode::Fine
+                          : Failed("The output", "not all of the text could be written", output);
     }
     const auto written = MFile::WriteAll(MFile::FromCommandLine(options.file), text);
     return written ? ExitCode::Fine : Failed(options.file, written.Failure().description, output);

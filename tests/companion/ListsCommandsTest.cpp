@@ -135,6 +135,20 @@ TEST_F(ListsCommandsTest, WhatCannotBeDoneIsToldWithItsExitCode)
     EXPECT_THAT(m_errors, HasSubstr("manufver.ini: "));
 }
 
+TEST_F(ListsCommandsTest, WhatAFullDiskCutsIsToldSoThatNobodySignsIt)
+{
+    struct FullDisk final : std::stringbuf
+    {
+        int sync() override { return -1; }
+    };
+    FullDisk full;
+    std::ostream output(&full);
+    std::ostringstream errors;
+    EXPECT_EQ(RunLists({"make", Native("site"), "--serial", "1"}, output, errors),
+              ExitCode::Failed);
+    EXPECT_THAT(errors.str(), testing::StartsWith("The output: "));
+}
+
 TEST_F(ListsCommandsTest, TheTextGoesIntoAFileWhereOneIsNamed)
 {
     const std::string file = m_desktop.Folder() + "lists.txt";
