@@ -47,7 +47,6 @@ LinkGrid::LinkGrid(wxWindow* parent, const wxString& name, const wxString& heade
     DisableDragColSize();
     SetDefaultRowSize(GetCharHeight() + FromDIP(8), true);
     SetColLabelSize(GetCharHeight() + FromDIP(10));
-    SetSelectionMode(wxGridSelectRows);
     SetDefaultRenderer(new CellRenderer);
     ShowFocus(*this);
     m_emptyNote = new EmptyNote(*this);
@@ -92,6 +91,8 @@ void LinkGrid::SetLines(const std::vector<LinkLine>& lines)
     }
     m_emptyNote->ShowIfEmpty();
     EndBatch();
+    // What the mouse points at is another line now, or none.
+    PointAt({});
 }
 
 void LinkGrid::SetEmptyText(const wxString& text)
@@ -127,7 +128,11 @@ void LinkGrid::OnMouse(wxMouseEvent& event)
     const wxString text = row == wxNOT_FOUND ? wxString() : GetCellValue(row, kText);
     const bool isCut = GetTextExtent(text).x > GetColSize(kText) - 2 * CellRenderer::kMargin;
     ShowTip(*GetGridWindow(), isCut ? text : wxString());
-    const std::string link = LinkOf(row);
+    PointAt(LinkOf(row));
+}
+
+void LinkGrid::PointAt(const std::string& link)
+{
     if (link != m_linkUnderMouse)
     {
         m_linkUnderMouse = link;

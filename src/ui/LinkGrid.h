@@ -45,6 +45,7 @@ class LinkGrid final : public wxGrid
   private:
     void OpenRow(int row);
     void OnMouse(wxMouseEvent& event);
+    void PointAt(const std::string& link);
     void OnKey(wxKeyEvent& event);
 
     std::function<void(const std::string&)> m_opened;
