@@ -159,8 +159,12 @@ void MainMenu::CopyDetails()
         m_manager.Log().Write("The clipboard is in use by another program");
         return;
     }
-    wxTheClipboard->SetData(
-        new wxTextDataObject(ToWx(m_manager.Details(kOwnInformation.versionText))));
+    if (!wxTheClipboard->SetData(
+            new wxTextDataObject(ToWx(m_manager.Details(kOwnInformation.versionText)))))
+    {
+        m_manager.Log().Write("The details could not be put on the clipboard");
+        return;
+    }
     wxTheClipboard->Flush();
     m_frame.SetStatusText("The details are on the clipboard.");
 }

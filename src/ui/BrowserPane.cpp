@@ -8,11 +8,13 @@
 #include "ui/WxText.h"
 
 #include <wx/button.h>
+#include <wx/log.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/webview.h>
 
+#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -124,12 +126,13 @@ void BrowserPane::ShowWhenSeen()
 
 void BrowserPane::CreateEngine()
 {
-    m_engine = wxWebView::New();
-    if (m_engine == nullptr || !m_engine->Create(this, wxID_ANY, wxWebViewDefaultURLStr))
+    std::unique_ptr<wxWebView> engine(wxWebView::New());
+    if (!engine || !engine->Create(this, wxID_ANY, wxWebViewDefaultURLStr))
     {
-        m_engine = nullptr;
+        wxLogWarning("The browser engine cannot be started: pages are shown as links");
         return;
     }
+    m_engine = engine.release(); // The pane's from here on.
     m_text->Hide();
     GetSizer()->Add(m_engine, wxSizerFlags(1).Expand());
     m_engine->Bind(wxEVT_WEBVIEW_NAVIGATING, &BrowserPane::OnNavigating, this);
