@@ -3,8 +3,8 @@
 #include "settings/CINIFileHandler.h"
 
 #include <cmath>
-#include <exception>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 namespace velmo
@@ -73,7 +73,7 @@ void CListViewHandler::LoadSort(ListViewModel& listView, std::string_view sectio
                       order == 1 ? SortOrder::Descending : SortOrder::Ascending);
         MarkSortedColumn(listView, listView.SortedColumn());
     }
-    catch (const std::exception&)
+    catch (const std::overflow_error&)
     {
         // A number that no file of ours holds: the list keeps the order it has.
         return;
