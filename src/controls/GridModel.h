@@ -28,7 +28,6 @@ struct Colour
 struct GridColumn
 {
     std::string header; ///< Lines joined by CR LF; may be empty.
-    float width = 0;    ///< Twips: 15 to a device-independent pixel. 0: not sized yet.
     bool hidden = false;
     bool merged = false; ///< A group's cells are shown as one, see SpanAt().
     bool ticks = false;  ///< May hold tick boxes; they are drawn centred.
@@ -114,9 +113,6 @@ class GridModel
 
     [[nodiscard]] const std::vector<GridColumn>& Columns() const { return m_columns; }
     [[nodiscard]] const GridSource& Rows() const { return m_source; }
-
-    /// What the window made of a column's width; nobody is told.
-    void NoteColumnWidth(std::size_t column, float twips) { m_columns.at(column).width = twips; }
 
     /// Shows or hides a column.
     void Show(std::size_t column, bool shown);

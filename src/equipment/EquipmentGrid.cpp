@@ -92,16 +92,10 @@ std::vector<GridColumn> Columns()
     std::vector<GridColumn> columns;
     for (const ColumnForm& form : kColumnForms)
     {
-        columns.push_back({form.header, 0, (form.form & Hidden) != 0, (form.form & Merged) != 0,
+        columns.push_back({form.header, (form.form & Hidden) != 0, (form.form & Merged) != 0,
                            (form.form & Ticks) != 0});
     }
     return columns;
-}
-
-std::string BytesText(double bytes)
-{
-    constexpr double kMost = 1e15;
-    return std::to_string(static_cast<std::int64_t>(std::clamp(bytes, -kMost, kMost)));
 }
 
 const char* StatusText(EquipmentStatus status)
@@ -171,11 +165,11 @@ std::string EquipmentGrid::Text(std::size_t row, EquipmentColumn column) const
     case EquipmentColumn::DatabaseSize:
         return ByteSizeText(section.DatabaseSetupSize);
     case EquipmentColumn::DatabaseBytes:
-        return BytesText(section.DatabaseSetupSize);
+        return ByteCountText(section.DatabaseSetupSize);
     case EquipmentColumn::PicturesSize:
         return ByteSizeText(section.PictureSetupSize);
     case EquipmentColumn::PicturesBytes:
-        return BytesText(section.PictureSetupSize);
+        return ByteCountText(section.PictureSetupSize);
     case EquipmentColumn::Manufacturer:
         return std::string(entry.ManufacturerName);
     case EquipmentColumn::DatabaseFile:

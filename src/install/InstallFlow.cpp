@@ -45,11 +45,6 @@ std::string AddressPart(std::string_view fileName)
     return part;
 }
 
-std::string SizeText(double bytes)
-{
-    return std::to_string(static_cast<std::int64_t>(bytes));
-}
-
 } // namespace
 
 InstallFlow::InstallFlow(InstallOrder order, Surroundings surroundings)
@@ -205,10 +200,10 @@ Error InstallFlow::TakeDownload(const std::string& path)
     const bool isComplete = m_lastError.code == 0 && received >= 2;
     if (IsTooLong() || (isComplete && m_currentSize > 0 && received != m_currentSize))
     {
-        return {error_code::kDownloadFailed, "The file is not as large as it is listed: " +
-                                                 SizeText(std::max(received, m_currentReceived)) +
-                                                 " instead of " + SizeText(m_currentSize) +
-                                                 " bytes."};
+        return {error_code::kDownloadFailed,
+                "The file is not as large as it is listed: " +
+                    ByteCountText(std::max(received, m_currentReceived)) + " instead of " +
+                    ByteCountText(m_currentSize) + " bytes."};
     }
     // A single byte counts as nothing: no setup is that short.
     if (m_netGrab->Bytes().size() < 2)

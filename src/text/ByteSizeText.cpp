@@ -1,7 +1,9 @@
 #include "text/ByteSizeText.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 
 namespace velmo
@@ -48,6 +50,13 @@ std::string ByteSizeText(double bytes)
         }
     }
     return Fixed(std::trunc(bytes), 0) + " Bytes";
+}
+
+std::string ByteCountText(double bytes)
+{
+    constexpr double kMost = 1e15;
+    const double count = std::isnan(bytes) ? 0 : std::clamp(bytes, -kMost, kMost);
+    return std::to_string(static_cast<std::int64_t>(count));
 }
 
 } // namespace velmo

@@ -5,7 +5,6 @@
 #include "ui/EmptyNote.h"
 #include "ui/GridManners.h"
 #include "ui/GridTable.h"
-#include "ui/Twips.h"
 #include "ui/WxText.h"
 
 #include <wx/dcclient.h>
@@ -66,9 +65,6 @@ void Grid::BindEvents()
     Bind(wxEVT_KEY_DOWN, &Grid::OnKey, this);
     Bind(wxEVT_GRID_COL_SIZE, [this](wxGridSizeEvent& event) {
         event.Skip();
-        const int column = event.GetRowOrCol();
-        m_model.NoteColumnWidth(static_cast<std::size_t>(column),
-                                static_cast<float>(TwipsOfPixels(*this, GetColSize(column))));
         SizeRows();
     });
     Bind(wxEVT_GRID_SELECT_CELL, [this](wxGridEvent& event) {
@@ -219,9 +215,7 @@ void Grid::OnSizeToContents()
     {
         if (!m_model.Columns()[column].hidden)
         {
-            const int width = WidthFor(column);
-            SetColSize(static_cast<int>(column), width);
-            m_model.NoteColumnWidth(column, static_cast<float>(TwipsOfPixels(*this, width)));
+            SetColSize(static_cast<int>(column), WidthFor(column));
         }
     }
     SetColLabelSize(wxGRID_AUTOSIZE);

@@ -282,7 +282,7 @@ class GridModelTest : public testing::Test, public GridSource, public GridModel:
     }
 
     std::vector<Row> m_rows;
-    GridModel m_grid{{{"Group", 0, false, true}, {"Value"}, {"Box", 0, false, true, true}}, *this};
+    GridModel m_grid{{{"Group", false, true}, {"Value"}, {"Box", false, true, true}}, *this};
     std::vector<std::string> m_heard;
 };
 

@@ -31,6 +31,10 @@ TEST(ByteSizeTextTest, ThresholdsAreDecimalAndDivisorsBinary)
     {
         EXPECT_EQ(ByteSizeText(bytes), text) << bytes;
     }
+    EXPECT_EQ(ByteCountText(1234567.9), "1234567");
+    EXPECT_EQ(ByteCountText(kInfinity), "1000000000000000");
+    EXPECT_EQ(ByteCountText(-kInfinity), "-1000000000000000");
+    EXPECT_EQ(ByteCountText(std::nan("")), "0");
 }
 
 TEST(LenientNumberTest, TheLeadingNumberCounts)
