@@ -102,7 +102,6 @@ void ConnectPanel::ShowAutoConnect()
 void ConnectPanel::ShowBusy()
 {
     m_reconnect->SetLabel(ToWx(ListsFetch::ButtonCaption(m_manager.Lists().Busy())));
-    m_reconnect->Enable();
     // The letter is then the one of "&Cancel".
     m_autoConnect->SetLabel(m_manager.Lists().Busy() ? "Automatically Connect"
                                                      : "Automatically &Connect");

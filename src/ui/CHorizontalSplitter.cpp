@@ -16,6 +16,10 @@ constexpr double kFallbackBarTop = 600;
 /// The bar's design position: this part of the container is above it.
 constexpr double kDesignPart = 0.62;
 
+/// Least heights that the controls above and below keep, in device-independent pixels.
+constexpr int kTopMargin = 40;
+constexpr int kBottomMargin = 90;
+
 /// Sizes below this are the toolkit's first guesses, before the window is laid out.
 constexpr int kLeastRealHeight = 120;
 
@@ -108,9 +112,8 @@ std::optional<double> CHorizontalSplitter::BarTop() const
 
 int CHorizontalSplitter::WithinMargins(int position) const
 {
-    const int least = FromDIP(MinimumSplitterBarTopMargin);
-    const int most =
-        GetClientSize().GetHeight() - FromDIP(MinimumSplitterBarBottomMargin) - BarHeight();
+    const int least = FromDIP(kTopMargin);
+    const int most = GetClientSize().GetHeight() - FromDIP(kBottomMargin) - GetSashSize();
     return std::max(least, std::min(position, most));
 }
 

@@ -37,13 +37,6 @@ class CHorizontalSplitter final : public wxSplitterWindow
     /// Whether the bar was put where it is, rather than being at its design position.
     [[nodiscard]] bool IsPut() const { return m_wanted.has_value(); }
 
-    /// Height of the bar in pixels.
-    [[nodiscard]] int BarHeight() const { return GetSashSize(); }
-
-    /// Least heights that the controls above and below keep, in device-independent pixels.
-    int MinimumSplitterBarTopMargin = 40;
-    int MinimumSplitterBarBottomMargin = 90;
-
   private:
     void Put(int position);
     [[nodiscard]] int WithinMargins(int position) const;
