@@ -1,6 +1,7 @@
 #include "sample/SampleEquipment.h"
 
 #include "text/TextCase.h"
+#include "text/UnitedStatesDate.h"
 
 #include <algorithm>
 #include <array>
@@ -182,7 +183,7 @@ std::string DatabaseLines(std::size_t number, const EquipmentDatabase& database)
         text += Line(prefix + "ManufacturerName", database.manufacturer);
     }
     text += Line(prefix + "MDBFilename", database.file);
-    text += Line(prefix + "ReleaseDate", DateText(database.released));
+    text += Line(prefix + "ReleaseDate", FormatDate(database.released));
     for (const std::string_view kind : database.kinds)
     {
         text += Line(prefix + std::string(kind), "X");
@@ -202,13 +203,6 @@ std::vector<EquipmentSection> SampleEquipment()
     return sections;
 }
 
-std::string DateText(std::chrono::year_month_day date)
-{
-    return std::to_string(static_cast<unsigned>(date.month())) + "/" +
-           std::to_string(static_cast<unsigned>(date.day())) + "/" +
-           std::to_string(static_cast<int>(date.year()));
-}
-
 std::string ManufacturerListText(std::span<const EquipmentSection> sections,
                                  std::string_view server)
 {
@@ -224,7 +218,7 @@ std::string ManufacturerListText(std::span<const EquipmentSection> sections,
         {
             text += Line("PictureSetupFilename", pictures->setup);
             text += Line("PictureSetupFileSize", std::to_string(pictures->setupSize));
-            text += Line("DatePicturesModified", DateText(pictures->modified));
+            text += Line("DatePicturesModified", FormatDate(pictures->modified));
             text += Line("DateCheckerPictureFile", pictures->checker);
         }
         for (std::size_t i = 0; i < section.databases.size(); ++i)

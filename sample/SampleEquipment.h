@@ -50,7 +50,4 @@ inline constexpr std::string_view kPictureFolder = "/pub/mervala/pic/";
 [[nodiscard]] std::string ManufacturerListText(std::span<const EquipmentSection> sections,
                                                std::string_view server);
 
-/// A date as the vendor writes it: month/day/year without leading zeros.
-[[nodiscard]] std::string DateText(std::chrono::year_month_day date);
-
 } // namespace velmo::sample

@@ -2,6 +2,7 @@
 
 #include "sample/EquipmentDatabaseFile.h"
 #include "sample/SetupPayload.h"
+#include "text/UnitedStatesDate.h"
 
 #include <algorithm>
 #include <utility>
@@ -40,7 +41,7 @@ std::vector<std::pair<std::string, std::string>> PictureFiles(const EquipmentSec
 {
     return {{section.pictures->checker, "In place of a picture of " + section.name + ".\r\n"},
             {"PicInfo.ini",
-             "[" + section.name + "]\r\nDatePicturesModified=" + DateText(modified) + "\r\n"}};
+             "[" + section.name + "]\r\nDatePicturesModified=" + FormatDate(modified) + "\r\n"}};
 }
 
 SampleSetups::SampleSetups(std::string program)

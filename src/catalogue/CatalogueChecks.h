@@ -2,6 +2,7 @@
 
 #include "catalogue/LocatorTable.h"
 #include "catalogue/ProgramTable.h"
+#include "text/TextCase.h"
 
 #include <algorithm>
 #include <span>
@@ -48,11 +49,6 @@ constexpr std::string_view WordOf(std::string_view displayName)
 constexpr std::string_view MajorOf(std::string_view displayName)
 {
     return displayName.substr(displayName.rfind(' ') + 1);
-}
-
-constexpr bool IsDigit(char c)
-{
-    return c >= '0' && c <= '9';
 }
 
 constexpr bool IsName(std::string_view name)

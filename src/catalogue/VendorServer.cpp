@@ -4,6 +4,7 @@
 #include "platform/MachinePolicy.h"
 #include "settings/DiagnosticLog.h"
 #include "text/TextCase.h"
+#include "text/WebAddress.h"
 
 namespace velmo
 {
@@ -22,10 +23,10 @@ VendorServer ConfiguredServer(DiagnosticLog& log)
     {
         policy.remove_suffix(1);
     }
-    const std::string lower = LowerCase(policy);
-    if (lower.starts_with("http://") || lower.starts_with("https://"))
+    const auto address = ParseWebAddress(policy);
+    if (address && address->scheme != WebScheme::Ftp)
     {
-        server.webServer = policy;
+        server.webServer = address->text;
     }
     else if (!policy.empty())
     {

@@ -1,5 +1,7 @@
 #include "companion/TextTable.h"
 
+#include "text/Utf8.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -10,21 +12,13 @@ namespace
 
 constexpr std::size_t kGap = 2;
 
-/// Characters of UTF-8 text: bytes that do not continue one.
-std::size_t Width(const std::string& text)
-{
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    }));
-}
-
 std::string Line(const std::vector<std::string>& cells, const std::vector<std::size_t>& widths)
 {
     std::string line;
     for (std::size_t i = 0; i < cells.size(); ++i)
     {
         line += cells[i];
-        line.append(widths[i] - Width(cells[i]) + kGap, ' ');
+        line.append(widths[i] - CharacterCount(cells[i]) + kGap, ' ');
     }
     line.erase(line.find_last_not_of(' ') + 1);
     return line + "\n";
@@ -40,7 +34,7 @@ std::string TextTable::Text() const
         widths.resize(std::max(widths.size(), row.size()));
         for (std::size_t i = 0; i < row.size(); ++i)
         {
-            widths[i] = std::max(widths[i], Width(row[i]));
+            widths[i] = std::max(widths[i], CharacterCount(row[i]));
         }
     }
     std::string text;
