@@ -1,5 +1,7 @@
 // How long it takes to read the release dates of 1,000 installed databases, once they have been
 // read before, with this program's reader and, where it is there, with mdbtools' library.
+//
+//     build/release/bench/access_bench
 #include "access/AccessFile.h"
 #include "bench/MdbToolsReleaseDate.h"
 

@@ -1,5 +1,7 @@
 // Compares the download control with libcurl reading into memory, both from the same server on
 // loopback, in turns: seconds for 512 MiB, their ratio, and what memory each needs beyond the file.
+//
+//     build/release/bench/net_grab_bench
 
 #include "download/NetGrab.h"
 #include "platform/HeadlessLoop.h"

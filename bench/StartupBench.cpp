@@ -1,3 +1,15 @@
+// How long a start-up run takes that has nothing to say, beside one curl process that fetches the
+// same two lists and a program that does nothing: the sample desktop, 200 databases listed and 60 of
+// them installed, all up to date.
+//
+//     startup_bench SMALL WHOLE EMPTY             native programs, on a desktop of its own
+//     startup_bench SMALL WHOLE EMPTY LAY_OUT     Windows programs under Wine; LAY_OUT is
+//                                                 velmo-sample-desktop.exe, for the prefix that
+//                                                 WINEPREFIX names
+//
+// SMALL is the program (bin/VelmoUpd of a build), WHOLE one with the windows linked into it
+// (bench/startup_whole), EMPTY the one that does nothing (bench/startup_empty).
+
 #include "platform/MFile.h"
 #include "sample/SampleDesktop.h"
 #include "sample/SampleEquipment.h"
@@ -22,18 +34,6 @@
 
 extern char** environ;
 
-/**
-    How long a start-up run takes that has nothing to say, beside one curl process that fetches the
-    same two lists and a program that does nothing: the sample desktop, 200 databases listed and 60 of
-    them installed, all up to date.
-
-        startup_bench SMALL WHOLE EMPTY             native programs, on a desktop of its own
-        startup_bench SMALL WHOLE EMPTY LAY_OUT     Windows programs under Wine; LAY_OUT is
-                                                             velmo-sample-desktop.exe, for the prefix
-                                                             that WINEPREFIX names
-
-    SMALL is the program, WHOLE one with the windows linked into it.
- */
 namespace velmo
 {
 namespace
