@@ -40,7 +40,8 @@ class VersionList
     /// The whole list, for what else it holds.
     [[nodiscard]] const SettingsSnapshot& Sections() const { return m_sections; }
 
-    /// Why parts of it were left out; some 20 at most.
+    /// Why parts of it were left out: what no list has once for each kind, and of each program three
+    /// numbers and an address at most.
     [[nodiscard]] const std::vector<std::string>& Complaints() const { return m_complaints; }
 
   private:
