@@ -194,6 +194,7 @@ std::optional<std::string> ReadFromTable(const FileReader& file, std::uint32_t h
     constexpr std::size_t kResourceSize = 12;
     constexpr std::uint32_t kIsNumber = 0x8000;
     constexpr std::uint16_t kGreatestShift = 16;
+    constexpr std::uint64_t kMostTable = 0x10000; // Its parts are told apart by 16-bit numbers.
     const auto start = Read(file, header + 0x24, 2);
     std::uint64_t at = std::uint64_t{header} + (start ? ByteView(*start).U16(0) : 0);
     const auto shift = start ? Read(file, at, 2) : std::nullopt;
@@ -201,8 +202,9 @@ std::optional<std::string> ReadFromTable(const FileReader& file, std::uint32_t h
     {
         return std::nullopt;
     }
+    const std::uint64_t end = at + kMostTable;
     at += shift->size();
-    for (auto type = Read(file, at, kTypeSize); type && ByteView(*type).U16(0) != 0;
+    for (auto type = Read(file, at, kTypeSize); type && ByteView(*type).U16(0) != 0 && at < end;
          type = Read(file, at, kTypeSize))
     {
         at += kTypeSize;
