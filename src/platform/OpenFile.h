@@ -23,7 +23,7 @@ class OpenFile
     {
         Reading,
         Appending, ///< Writes go to the end; the file is created when needed.
-        Anew,      ///< Writes begin a new file; one of that name goes.
+        Anew,      ///< Writes begin a new file; one of that name goes, of a link only the link.
     };
 
     [[nodiscard]] static Result<OpenFile> Open(std::string_view path, For purpose);

@@ -51,7 +51,8 @@ Result<OpenFile> OpenFile::Open(std::string_view path, For purpose)
     {};
     if (file.m_handle == kNone || fstat(DescriptorOf(file.m_handle), &status) != 0)
     {
-        return SystemError(errno, native);
+        // Only a folder is still there when a file of that name is begun.
+        return SystemError(errno == EEXIST ? EISDIR : errno, native);
     }
     if (!S_ISREG(status.st_mode))
     {

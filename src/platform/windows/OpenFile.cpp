@@ -35,7 +35,7 @@ Way WayFor(OpenFile::For purpose)
     case OpenFile::For::Anew:
         break;
     }
-    return {GENERIC_WRITE, CREATE_ALWAYS};
+    return {GENERIC_WRITE, CREATE_NEW};
 }
 
 } // namespace
@@ -43,7 +43,16 @@ Way WayFor(OpenFile::For purpose)
 Result<OpenFile> OpenFile::Open(std::string_view path, For purpose)
 {
     const Way way = WayFor(purpose);
-    HANDLE handle = CreateFileW(Wide(path).c_str(), way.access,
+    const std::wstring name = Wide(path);
+    if (purpose == For::Anew && !DeleteFileW(name.c_str()))
+    {
+        const DWORD error = GetLastError();
+        if (error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND)
+        {
+            return SystemError(error);
+        }
+    }
+    HANDLE handle = CreateFileW(name.c_str(), way.access,
                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                 way.creation, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
