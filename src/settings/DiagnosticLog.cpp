@@ -6,7 +6,6 @@
 #include "platform/SharedLock.h"
 #include "text/Utf8.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <ctime>
@@ -78,7 +77,7 @@ void DiagnosticLog::Write(std::string_view message)
 
 DiagnosticLog::~DiagnosticLog()
 {
-    WriteLeftOut(m_began);
+    WriteLeftOut(m_clock());
 }
 
 void DiagnosticLog::WriteLeftOut(TimePoint time)
@@ -91,10 +90,8 @@ void DiagnosticLog::WriteLeftOut(TimePoint time)
 
 void DiagnosticLog::Put(TimePoint time, std::string_view message)
 {
-    std::string line = TimeStamp(time) + "  " + ValidUtf8(message.substr(0, kLongestMessage));
-    std::replace_if(
-        line.begin(), line.end(),
-        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }, ' ');
+    const std::string line =
+        TimeStamp(time) + "  " + WithoutControls(message.substr(0, kLongestMessage));
     // Opened for each line: Windows lets nobody replace or delete a file that another has open.
     const auto file = Open();
     Keep(file ? file.Value().Write(line + "\r\n") : file.Failure());

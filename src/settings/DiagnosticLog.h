@@ -33,8 +33,8 @@ class DiagnosticLog
     /// Tells how many lines were left out, if any.
     ~DiagnosticLog();
 
-    /// One line: the time, then the message, its control characters as blanks and at most 4,096 bytes
-    /// of it. Of more than 500 lines in a minute the rest is left out and counted.
+    /// One line: the time, then the message without its control characters (text/Utf8.h) and at most
+    /// 4,096 bytes of it. Of more than 500 lines in a minute the rest is left out and counted.
     void Write(std::string_view message);
 
     /// "<attempt>: <description> (<code>)".
