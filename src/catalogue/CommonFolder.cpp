@@ -1,5 +1,6 @@
 #include "catalogue/CommonFolder.h"
 
+#include "catalogue/LocatorTable.h"
 #include "platform/DesktopFolders.h"
 #include "platform/PrivateProfile.h"
 #include "platform/UserSettings.h"
@@ -21,7 +22,11 @@ std::string WithBackslash(std::string folder)
 SharedValues SharedValues::Read()
 {
     SharedValues values;
-    values.m_winIni = SettingsSnapshot(platform::ReadProfileSection(WinIniPath(), kVendorSection));
+    // Nobody can be told when it cannot be read: where the log lies stands in it.
+    if (const auto winIni = platform::ReadProfileSection(WinIniPath(), kVendorSection))
+    {
+        values.m_winIni = SettingsSnapshot(winIni.Value());
+    }
     values.m_userSettings = platform::ReadUserSettings(kVendorApplication, kFolderSection);
     return values;
 }
@@ -34,7 +39,7 @@ std::string SharedValues::Value(std::string_view name) const
 
 std::string SharedValues::CommonFolder() const
 {
-    return WithBackslash(Value("CommonDirectory"));
+    return WithBackslash(Value(kCommonFolderName));
 }
 
 std::string SharedValues::SettingsFilePath() const
@@ -44,7 +49,7 @@ std::string SharedValues::SettingsFilePath() const
 
 std::string SharedValues::LogFilePath() const
 {
-    const std::string folder = Value("CommonDirectory");
+    const std::string folder = Value(kCommonFolderName);
     return folder.empty() ? std::string() : WithBackslash(folder) + "VelmoUpd.log";
 }
 

@@ -62,25 +62,32 @@ Result<Done> EditText(const std::string& path, Edit edit)
     });
 }
 
-} // namespace
-
+/// Where a profile file lies: in the Windows directory when its name has no folder.
 std::string ProfilePath(std::string_view file)
 {
     const bool isBare = file.find_first_of("\\/:") == std::string_view::npos;
     return (isBare ? WindowsDirectory() : std::string()) + std::string(file);
 }
 
-Profile ReadProfile(std::string_view file)
+} // namespace
+
+Result<Profile> ReadProfile(std::string_view file)
 {
     if (file.empty())
     {
-        return {};
+        return Profile();
     }
     const auto bytes = MFile::ReadAll(ProfilePath(file));
-    return Profile(bytes ? std::string_view(bytes.Value()) : std::string_view());
+    if (bytes)
+    {
+        return Profile(bytes.Value());
+    }
+    const std::int32_t code = bytes.Failure().code;
+    const bool isMissing = code == error_code::kFileMissing || code == error_code::kFolderMissing;
+    return isMissing ? Result(Profile()) : bytes.Failure();
 }
 
-Profile ReadProfileSection(std::string_view file, std::string_view section)
+Result<Profile> ReadProfileSection(std::string_view file, std::string_view section)
 {
     const std::string path = ProfilePath(file);
     const SystemProfile* system = SystemFor(path);
@@ -91,8 +98,9 @@ std::string GetPrivateProfileText(std::string_view section, std::string_view key
                                   std::string_view defaultText, std::size_t bufferSize,
                                   std::string_view file)
 {
+    const auto profile = ReadProfileSection(file, section);
     return GetPrivateProfileText(section, key, defaultText, bufferSize,
-                                 ReadProfileSection(file, section));
+                                 profile ? profile.Value() : Profile());
 }
 
 std::string GetPrivateProfileText(std::string_view section, std::string_view key,

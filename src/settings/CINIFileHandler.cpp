@@ -23,12 +23,22 @@ void CINIFileHandler::MyDeleteAppProfileSection(std::string_view argSection)
 
 SettingsSnapshot CINIFileHandler::Snapshot() const
 {
-    return SettingsSnapshot(platform::ReadProfile(m_fileName));
+    return WhatWasRead(platform::ReadProfile(m_fileName));
 }
 
 SettingsSnapshot CINIFileHandler::Snapshot(std::string_view argSection) const
 {
-    return SettingsSnapshot(platform::ReadProfileSection(m_fileName, argSection));
+    return WhatWasRead(platform::ReadProfileSection(m_fileName, argSection));
+}
+
+SettingsSnapshot CINIFileHandler::WhatWasRead(const Result<platform::Profile>& profile) const
+{
+    if (!profile)
+    {
+        m_log.Failure("Reading \"" + m_fileName + "\"", profile.Failure());
+        return {};
+    }
+    return SettingsSnapshot(profile.Value());
 }
 
 bool CINIFileHandler::MyGetAppProfileBoolean(std::string_view argSection, std::string_view argEntry,

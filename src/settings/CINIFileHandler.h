@@ -16,7 +16,8 @@ class DiagnosticLog;
 /**
     Reads and writes one settings file by section and entry (platform/PrivateProfile.h has the rules of
     the file). Each call goes to the file; nothing is kept here but its name. A file, section or entry
-    that is missing reads as the default; a write that fails leaves a line in the log and is no error.
+    that is missing reads as the default, a file that cannot be read does so with a line in the log; a
+    write that fails leaves a line there too and is no error.
     One thread at a time; the log must outlive the handler.
  */
 class CINIFileHandler
@@ -79,6 +80,7 @@ class CINIFileHandler
                                  std::string_view argValue);
 
   private:
+    [[nodiscard]] SettingsSnapshot WhatWasRead(const Result<platform::Profile>& profile) const;
     void LogUnless(const Result<Done>& written, std::string_view section,
                    std::string_view entry) const;
 

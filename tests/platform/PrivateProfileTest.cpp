@@ -35,7 +35,8 @@ class PrivateProfileTest : public testing::Test
 
     std::string Block(std::string_view section, std::size_t size = 32'767) const
     {
-        return GetPrivateProfileSectionBlock(section, size, ReadProfileSection(m_file, section));
+        return GetPrivateProfileSectionBlock(section, size,
+                                             ReadProfileSection(m_file, section).Value());
     }
 
     const test::TemporaryDesktop m_desktop;
@@ -258,7 +259,7 @@ TEST_F(PrivateProfileTest, WindowsOwnFunctionsReadAndWriteTheSame)
         ASSERT_TRUE(system->writeText(section, key, value, theirs));
         for (const char* each : kSections)
         {
-            const std::string written = ReadProfile(theirs).Block(each);
+            const std::string written = ReadProfile(theirs).Value().Block(each);
             ASSERT_EQ(Block(each), written);
             ASSERT_EQ(system->readSection(each, m_file).Block(each), written);
         }

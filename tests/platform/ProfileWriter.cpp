@@ -53,7 +53,7 @@ int main(int argc, char** argv)
     using std::chrono::steady_clock;
     const std::string file = argc < 4 ? "" : MFile::FromCommandLine(argv[1]);
     if (argc < 4 ||
-        (MFile::FileExists(file) ? !IsWhole(ReadProfile(file)) : !Write(file, "First", 0)))
+        (MFile::FileExists(file) ? !IsWhole(ReadProfile(file).Value()) : !Write(file, "First", 0)))
     {
         std::cerr << "torn\n";
         return 2;
@@ -81,6 +81,6 @@ int main(int argc, char** argv)
         std::_Exit(failed ? 3 : 0);
     }
     write(false);
-    const auto entries = ReadProfile(file).Entries(section).size();
+    const auto entries = ReadProfile(file).Value().Entries(section).size();
     return failed || entries < static_cast<std::size_t>(writes) ? 3 : 0;
 }

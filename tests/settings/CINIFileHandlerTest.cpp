@@ -149,6 +149,19 @@ TEST_F(CINIFileHandlerTest, AFailedWriteIsALineInTheLog)
     EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 2);
 }
 
+TEST_F(CINIFileHandlerTest, AFileThatCannotBeReadIsToldAndReadsAsDefaults)
+{
+    const std::string line = "Reading \"" + m_handler.AppProfileFileName() + "\": ";
+    EXPECT_EQ(m_handler.MyGetAppProfileLong("S", "k", 7), 7);
+    EXPECT_FALSE(platform::MFile::FileExists(m_log.Path())) << "a missing one is no failure";
+    m_desktop.Write("VelmoUpd.ini\\x", ""); // It is a folder.
+    EXPECT_EQ(m_handler.MyGetAppProfileLong("S", "k", 7), 7);
+    EXPECT_THAT(m_desktop.Read("VelmoUpd.log"), testing::HasSubstr(line));
+    m_desktop.Write("VelmoUpd.log", "");
+    EXPECT_TRUE(m_handler.Snapshot().SectionNames().empty());
+    EXPECT_THAT(m_desktop.Read("VelmoUpd.log"), testing::HasSubstr(line));
+}
+
 class DiagnosticLogTest : public testing::Test
 {
   protected:
@@ -165,7 +178,8 @@ TEST_F(DiagnosticLogTest, EachFailureIsOneLineWithItsTimeAndReason)
     m_log.Write("first\r\n\x1B\x7F[second]\xFC");
     m_log.Failure("Deleting x.ini", {5, "Access denied"});
     EXPECT_EQ(m_desktop.Read("VelmoUpd.log"),
-              "2024-02-29 07:00:00Z  first    [second]\xEF\xBF\xBD\r\n"
+              "2024-02-29 07:00:00Z  "
+              "first\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD[second]\xEF\xBF\xBD\r\n"
               "2024-02-29 07:00:00Z  Deleting x.ini: Access denied (5)\r\n");
 }
 
@@ -212,7 +226,7 @@ TEST_F(DiagnosticLogTest, ALogThatCannotBeWrittenIsSilentAndKnowsWhy)
     EXPECT_FALSE(inNoFolder.WhyOff());
     inNoFolder.Write("dropped");
     EXPECT_EQ(inNoFolder.WhyOff().value().code, 3);
-    EXPECT_TRUE(platform::MFile::FileNames(m_desktop.Folder()).empty());
+    EXPECT_TRUE(platform::MFile::FileNames(m_desktop.Folder()).Value().empty());
     m_desktop.Write("no\\x", "");
     inNoFolder.Write("arrives");
     EXPECT_FALSE(inNoFolder.WhyOff());
