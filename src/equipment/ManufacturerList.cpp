@@ -278,7 +278,10 @@ class ListReader
 
 ManufacturerList ParseManufacturerList(std::string_view bytes, std::string_view defaultAddress)
 {
-    const auto settings = SettingsSnapshot::Parse(bytes);
+    // Profiles know no mark of UTF-8: the first section's name would begin with it.
+    const bool isMarked = bytes.starts_with(platform::kUtf8Mark);
+    const auto settings =
+        SettingsSnapshot::Parse(bytes.substr(isMarked ? platform::kUtf8Mark.size() : 0));
     ManufacturerList list;
     list.serverAddress = settings.String(kGeneral, "Server Address HTTP", defaultAddress);
     list.databaseFolder =

@@ -8,7 +8,6 @@ namespace
 {
 
 constexpr std::string_view kUtf16Mark = "\xFF\xFE";
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 constexpr bool IsHighSurrogate(char32_t unit)
 {

@@ -5,11 +5,14 @@
 
 /**
     Text of the vendor's files. Inside the program all text is UTF-8; files are in the machine's
-    ANSI code page (Windows' own there, 1252 in the native build), or UTF-16 little-endian with a
-    byte-order mark. Conversion happens here, at the file's edge. Any thread.
+    ANSI code page (Windows' own there, 1252 in the native build), or UTF-16 little-endian or UTF-8
+    with a byte-order mark. Conversion happens here, at the file's edge. Any thread.
  */
 namespace velmo::platform
 {
+
+/// What a file in UTF-8 begins with.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 /// UTF-8 of ANSI bytes. A byte without a meaning becomes U+FFFD; nothing is dropped.
 [[nodiscard]] std::string FromAnsi(std::string_view bytes);
