@@ -3,6 +3,7 @@
 #include "catalogue/CVelmoProgramCommunicator.h"
 #include "catalogue/LocatorTable.h"
 #include "controls/UserPrompts.h"
+#include "platform/ErrorCode.h"
 #include "platform/MFile.h"
 #include "platform/UserLocale.h"
 #include "settings/DiagnosticLog.h"
@@ -86,8 +87,8 @@ class Inspection
     {
         if (!m_dataFolder.empty())
         {
-            m_files = InLowerCase(MFile::FileNames(m_dataFolder));
-            m_pictureFolders = InLowerCase(MFile::FolderNames(m_dataFolder + kPictures));
+            m_files = Listed(m_dataFolder, MFile::FileNames);
+            m_pictureFolders = Listed(m_dataFolder + kPictures, MFile::FolderNames);
         }
     }
 
@@ -106,6 +107,20 @@ class Inspection
     }
 
   private:
+    using Names = Result<std::vector<std::string>>;
+
+    /// None, with a line in the log, of a folder that is there and cannot be listed.
+    [[nodiscard]] std::unordered_set<std::string> Listed(const std::string& folder,
+                                                         Names (*namesIn)(std::string_view))
+    {
+        const Names names = namesIn(folder);
+        if (!names && names.Failure().code != error_code::kFolderMissing)
+        {
+            m_log.Failure("Listing " + folder, names.Failure());
+        }
+        return names ? InLowerCase(names.Value()) : std::unordered_set<std::string>();
+    }
+
     void Add(const ManufacturerSection& section, EquipmentRows& found)
     {
         EquipmentRow row;

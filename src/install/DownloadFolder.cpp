@@ -69,8 +69,13 @@ void DownloadFolder::Remove() const
 
 Result<Done> DownloadFolder::DeleteFiles() const
 {
+    const auto names = MFile::FileNames(m_path);
+    if (!names)
+    {
+        return names.Failure();
+    }
     Result<Done> outcome = Done{};
-    for (const std::string& name : MFile::FileNames(m_path))
+    for (const std::string& name : names.Value())
     {
         if (auto deleted = MFile::DeleteIfExists(m_path + name); !deleted && outcome)
         {

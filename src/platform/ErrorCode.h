@@ -33,6 +33,7 @@ inline constexpr std::int32_t kFolderNotEmpty = 145;
 inline constexpr std::int32_t kAlreadyExists = 183;
 inline constexpr std::int32_t kNameTooLong = 206;
 inline constexpr std::int32_t kTooLarge = 223;
+inline constexpr std::int32_t kNotAFolder = 267;
 inline constexpr std::int32_t kInvalidArgument = 513; ///< The program locator's own.
 inline constexpr std::int32_t kDeviceFault = 1117;
 inline constexpr std::int32_t kElementNotFound = 1168;

@@ -84,10 +84,11 @@ Result<Done> CreateFolders(std::string_view path);
 /// Removes an empty folder; a missing one is no error. Of a link to a folder only the link goes.
 Result<Done> RemoveFolder(std::string_view path);
 
-/// Names (no paths) of the files in a folder, in no particular order; sub-folders are left out.
-[[nodiscard]] std::vector<std::string> FileNames(std::string_view folder);
+/// Names (no paths) of the files in a folder, in no particular order; sub-folders are left out. Error 3
+/// when there is no such folder, 267 when it is a file.
+[[nodiscard]] Result<std::vector<std::string>> FileNames(std::string_view folder);
 
-/// Names of the sub-folders, links to folders among them, in no particular order.
-[[nodiscard]] std::vector<std::string> FolderNames(std::string_view folder);
+/// The same of the sub-folders, links to folders among them.
+[[nodiscard]] Result<std::vector<std::string>> FolderNames(std::string_view folder);
 
 } // namespace velmo::platform::MFile

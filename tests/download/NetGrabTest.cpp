@@ -232,7 +232,7 @@ TEST_F(UrlToFileTest, AFailureLeavesTheOldFileAndASuccessReplacesIt)
     EXPECT_EQ(m_desktop.Read("version.ini"), "an older and longer content than the new");
     EXPECT_EQ(Download("/list"), 0);
     EXPECT_EQ(m_desktop.Read("version.ini"), "[Loadcalc 8]\r\nMajor=8\r\n");
-    EXPECT_EQ(MFile::FileNames(m_desktop.Folder()).size(), 1U);
+    EXPECT_EQ(MFile::FileNames(m_desktop.Folder()).Value().size(), 1U);
     EXPECT_EQ(Download("/as-large-as-allowed"), 0);
 }
 

@@ -127,6 +127,8 @@ TEST_F(EquipmentListTest, TheServersValuesHaveDefaultsAndAreTakenOutOfTheFile)
     const std::string list = std::string(kGeneral) + "[A]\r\n1MDBFilename=a.mdb\r\n";
     Show(list);
     EXPECT_EQ(Server(), "http://setups.example | /mdb/ | /pic/");
+    Show("\xEF\xBB\xBF" + list);
+    EXPECT_EQ(Server(), "http://setups.example | /mdb/ | /pic/");
     m_list.InspectAgain();
     EXPECT_EQ(Server(), "http://setups.example | /mdb/ | /pic/");
     Show("[A]\r\n1MDBFilename=a.mdb\r\n");
@@ -134,6 +136,16 @@ TEST_F(EquipmentListTest, TheServersValuesHaveDefaultsAndAreTakenOutOfTheFile)
 
     TakeOutServerValues(m_desktop.Write("manufver.ini", list), m_log);
     EXPECT_EQ(m_desktop.Read("manufver.ini"), "[A]\r\n1MDBFilename=a.mdb\r\n");
+}
+
+TEST_F(EquipmentListTest, AFolderThatCannotBeListedIsToldAMissingOneIsNot)
+{
+    const std::string list = "[A]\r\nPictureSetupFilename=p.exe\r\n1MDBFilename=a.mdb\r\n";
+    Show(list);
+    EXPECT_EQ(LogText(), "");
+    m_desktop.Write("EquipPic", "a file");
+    Show(list);
+    EXPECT_THAT(LogText(), HasSubstr("Listing " + m_desktop.Folder() + "EquipPic\\: "));
 }
 
 TEST_F(EquipmentListTest, ASecondLookNeedsAList)

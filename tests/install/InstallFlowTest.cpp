@@ -365,7 +365,7 @@ TEST_F(InstallFlowTest, ALinkInTheFoldersPlaceIsNotFollowed)
         }
     };
     Run();
-    EXPECT_EQ(MFile::FileNames(m_desktop.Folder() + "elsewhere").size(), 1U);
+    EXPECT_EQ(MFile::FileNames(m_desktop.Folder() + "elsewhere").Value().size(), 1U);
     EXPECT_TRUE(MFile::FileExists(kept));
     EXPECT_THAT(Told(), HasSubstr("\n  late.exe: The folder " + m_temp + " is a link.\n"));
     EXPECT_EQ(Flow().FilesInstalled(), 0);

@@ -55,8 +55,8 @@ TEST_F(MFileTest, BytesComeBackAsWrittenReplacedOrAdded)
     ASSERT_TRUE(MFile::WriteAll(m_folder + "LOG.TXT", ""));
     EXPECT_EQ(MFile::ReadAll(path).Value(), "");
     ASSERT_TRUE(MFile::CreateFolders(m_folder + "Sub\\Below"));
-    EXPECT_THAT(MFile::FileNames(m_folder), testing::ElementsAre("Log.txt"));
-    EXPECT_THAT(MFile::FolderNames(m_folder), testing::ElementsAre("Sub"));
+    EXPECT_THAT(MFile::FileNames(m_folder).Value(), testing::ElementsAre("Log.txt"));
+    EXPECT_THAT(MFile::FolderNames(m_folder).Value(), testing::ElementsAre("Sub"));
 }
 
 TEST_F(MFileTest, WhatIsMissingHasItsErrorCode)
@@ -73,8 +73,8 @@ TEST_F(MFileTest, WhatIsMissingHasItsErrorCode)
     EXPECT_TRUE(MFile::DeleteIfExists(noFile));
     EXPECT_TRUE(MFile::DeleteIfExists(noFolder));
     EXPECT_TRUE(MFile::RemoveFolder(m_folder + "No"));
-    EXPECT_TRUE(MFile::FileNames(m_folder + "No").empty());
-    EXPECT_TRUE(MFile::FolderNames(m_folder + "No").empty());
+    EXPECT_EQ(MFile::FileNames(m_folder + "No").Failure().code, 3);
+    EXPECT_EQ(MFile::FolderNames(m_folder + "No\\No").Failure().code, 3);
 }
 
 TEST_F(MFileTest, AFileOpenForReadingMayBeRenamedAndItsNameUsedAnew)
@@ -153,15 +153,19 @@ std::string Append(std::string_view old)
 TEST_F(WholeFileTest, ANewFileTakesThePlaceAndNothingElseIsLeft)
 {
     // What killed writers left behind.
-    m_desktop.Write("Settings.ini.new", "torn");
+    m_desktop.Write("Other.ini", "other's");
+    fs::create_hard_link(m_desktop.Native("Other.ini"), m_desktop.Native("Settings.ini.new"));
     m_desktop.Write("Settings.ini.lock", "");
     fs::create_hard_link(m_desktop.Native("Settings.ini"), m_desktop.Native("Witness.ini"));
     ASSERT_TRUE(MFile::Edit(m_file, Append));
     ASSERT_TRUE(MFile::WriteAll(m_file, m_desktop.Read("Settings.ini") + "!"));
     EXPECT_EQ(m_desktop.Read("Settings.ini"), "old+!");
     EXPECT_EQ(m_desktop.Read("Witness.ini"), "old");
-    EXPECT_THAT(MFile::FileNames(m_desktop.Folder()),
-                testing::UnorderedElementsAre("Settings.ini", "Witness.ini"));
+    EXPECT_EQ(m_desktop.Read("Other.ini"), "other's");
+    EXPECT_THAT(MFile::FileNames(m_desktop.Folder()).Value(),
+                testing::UnorderedElementsAre("Settings.ini", "Witness.ini", "Other.ini"));
+    m_desktop.Write("Settings.ini.new\\x", "");
+    EXPECT_EQ(MFile::Edit(m_file, Append).Failure().code, 5);
 }
 
 TEST_F(WholeFileTest, TheFilesModeStays)
@@ -204,7 +208,7 @@ TEST_F(WholeFileTest, AFileThatCannotBeReadIsNotWritten)
     fs::resize_file(m_desktop.Native("Settings.ini"), kMoreThanIsRead);
     EXPECT_EQ(MFile::Edit(m_file, Append).Failure().code, 223);
     EXPECT_EQ(fs::file_size(m_desktop.Native("Settings.ini")), kMoreThanIsRead);
-    EXPECT_THAT(MFile::FileNames(m_desktop.Folder()), testing::ElementsAre("Settings.ini"));
+    EXPECT_THAT(MFile::FileNames(m_desktop.Folder()).Value(), testing::ElementsAre("Settings.ini"));
 }
 
 TEST_F(WholeFileTest, WritersLoseNothingOfOneAnother)

@@ -76,7 +76,7 @@ bool Compare(const std::string& path)
 TEST(VersionDllTest, BothReadTheSameOfEveryFileOfTheSystemAndOfCompiledResources)
 {
     const std::string folder = platform::WindowsDirectory() + "system32\\";
-    const auto names = platform::MFile::FileNames(folder);
+    const auto names = platform::MFile::FileNames(folder).Value();
     EXPECT_GT(names.size(), 500U);
     const auto versions =
         std::ranges::count_if(names, [&](const auto& name) { return Compare(folder + name); });

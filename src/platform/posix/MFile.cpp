@@ -1,5 +1,6 @@
 #include "platform/MFile.h"
 
+#include "platform/ErrorCode.h"
 #include "platform/posix/DesktopPath.h"
 #include "platform/posix/SystemError.h"
 
@@ -73,11 +74,12 @@ std::string WithoutDots(std::string_view path)
 }
 
 /// Of what a folder has, itself or through a link.
-std::vector<std::string> NamesIn(std::string_view folder, fs::file_type type)
+Result<std::vector<std::string>> NamesIn(std::string_view folder, fs::file_type type)
 {
     std::vector<std::string> names;
     std::error_code error;
-    fs::directory_iterator entry(NativePath(folder), error);
+    const fs::path native = NativePath(folder);
+    fs::directory_iterator entry(native, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error))
     {
         std::error_code vanished;
@@ -85,6 +87,14 @@ std::vector<std::string> NamesIn(std::string_view folder, fs::file_type type)
         {
             names.push_back(entry->path().filename().string());
         }
+    }
+    if (error)
+    {
+        Error failure = SystemError(error.value(), native);
+        failure.code = error.value() == ENOENT    ? error_code::kFolderMissing
+                       : error.value() == ENOTDIR ? error_code::kNotAFolder
+                                                  : failure.code;
+        return failure;
     }
     return names;
 }
@@ -190,12 +200,12 @@ Result<Done> RemoveFolder(std::string_view path)
     return DoneOr(remove(native.c_str()) == 0 || errno == ENOENT, native);
 }
 
-std::vector<std::string> FileNames(std::string_view folder)
+Result<std::vector<std::string>> FileNames(std::string_view folder)
 {
     return NamesIn(folder, fs::file_type::regular);
 }
 
-std::vector<std::string> FolderNames(std::string_view folder)
+Result<std::vector<std::string>> FolderNames(std::string_view folder)
 {
     return NamesIn(folder, fs::file_type::directory);
 }

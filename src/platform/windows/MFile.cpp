@@ -32,14 +32,16 @@ DWORD Attributes(std::string_view path)
     return GetFileAttributesW(Wide(path).c_str());
 }
 
-std::vector<std::string> NamesIn(std::string_view folder, bool folders)
+Result<std::vector<std::string>> NamesIn(std::string_view folder, bool folders)
 {
     std::vector<std::string> names;
     WIN32_FIND_DATAW found{};
     const HANDLE search = FindFirstFileW(Wide(std::string(folder) + "\\*").c_str(), &found);
     if (search == INVALID_HANDLE_VALUE)
     {
-        return names;
+        // A drive without anything has not even itself.
+        const DWORD error = GetLastError();
+        return error == ERROR_FILE_NOT_FOUND ? Result(names) : SystemError(error);
     }
     do
     {
@@ -50,8 +52,9 @@ std::vector<std::string> NamesIn(std::string_view folder, bool folders)
             names.push_back(std::move(name));
         }
     } while (FindNextFileW(search, &found));
+    const DWORD error = GetLastError();
     FindClose(search);
-    return names;
+    return error == ERROR_NO_MORE_FILES ? Result(names) : SystemError(error);
 }
 
 } // namespace
@@ -99,6 +102,10 @@ Result<Done> SetModificationTime(std::string_view path, Time time)
     HANDLE file = CreateFileW(Wide(path).c_str(), FILE_WRITE_ATTRIBUTES,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+    {
+        return LastSystemError();
+    }
     const auto ticks = static_cast<std::uint64_t>(
         (std::chrono::duration_cast<FileTicks>(time.time_since_epoch()) + kEpoch).count());
     const FILETIME written{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
@@ -162,12 +169,12 @@ Result<Done> RemoveFolder(std::string_view path)
     return DoneOrMissing(RemoveDirectoryW(Wide(path).c_str()) != FALSE);
 }
 
-std::vector<std::string> FileNames(std::string_view folder)
+Result<std::vector<std::string>> FileNames(std::string_view folder)
 {
     return NamesIn(folder, false);
 }
 
-std::vector<std::string> FolderNames(std::string_view folder)
+Result<std::vector<std::string>> FolderNames(std::string_view folder)
 {
     return NamesIn(folder, true);
 }
