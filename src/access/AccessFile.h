@@ -54,9 +54,8 @@ class AccessFile
     [[nodiscard]] Result<AccessField> FirstRecordField(std::string_view table,
                                                        std::string_view field);
 
-    /// What reading took so far: blocks of 4 KiB read, and pages asked for.
+    /// What reading took so far: blocks of 4 KiB.
     [[nodiscard]] std::size_t BlocksRead() const { return m_pages.BlocksRead(); }
-    [[nodiscard]] std::size_t PageRequests() const { return m_pages.Requests(); }
 
   private:
     explicit AccessFile(AccessPages pages) : m_pages(std::move(pages)) {}

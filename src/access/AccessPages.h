@@ -49,9 +49,6 @@ class AccessPages
 
     [[nodiscard]] std::size_t BlocksRead() const { return m_blocks.size(); }
 
-    /// How often a page has been asked for.
-    [[nodiscard]] std::size_t Requests() const { return m_requests; }
-
     /// A page of that type; any other is a fault.
     [[nodiscard]] ByteView Page(std::uint32_t number, AccessPageType type);
 

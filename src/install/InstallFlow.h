@@ -5,6 +5,7 @@
 #include "install/DownloadFolder.h"
 #include "install/InstallOrder.h"
 #include "install/InstallProgress.h"
+#include "install/SetupWatch.h"
 #include "platform/Processes.h"
 
 #include <chrono>
@@ -56,7 +57,7 @@ class InstallFlow final : private NetGrab::Listener
         DiagnosticLog& log;
         std::string commonFolder; ///< Ends in "\".
         platform::HttpLimits limits = {};
-        std::chrono::milliseconds longestWait = std::chrono::minutes(15); ///< For running setups.
+        std::chrono::milliseconds longestWait = SetupWatch::kLongest; ///< For running setups.
     };
 
     /// Writes the summary of the order into the log.
